@@ -1,0 +1,2 @@
+#include "matrix/GridGeometry.h"
+namespace ov { int f() {return 1;} }

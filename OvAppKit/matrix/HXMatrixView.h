@@ -1,0 +1,3 @@
+#import <AppKit/AppKit.h>
+@interface HXMatrixView : NSView
+@end

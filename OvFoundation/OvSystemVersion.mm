@@ -1,0 +1,3 @@
+#import <OvFoundation/OvSystemVersion.h>
+
+int OvGestaltOSVersion(void) { return 0x1060; }
