@@ -3,6 +3,11 @@
 //   #import <OvAppKit/OvAppKit.h>
 
 #import <AppKit/AppKit.h>
-#import <OvFoundation/OvFoundation.h>
-
+#import <OvAppKit/HXAutoScrollManager.h>
 #import <OvAppKit/HXMatrixView.h>
+#import <OvAppKit/HXMatrixViewMouseTrackingManager.h>
+#import <OvAppKit/HXMatrixViewSelectionInfo.h>
+#import <OvAppKit/HXMatrixViewSelectionManager.h>
+#import <OvAppKit/HXMatrixViewToolTipManager.h>
+#import <OvAppKit/OvMatrixView.h>
+#import <OvFoundation/OvFoundation.h>

@@ -1,0 +1,60 @@
+#include "platform/TrackingRects.h"
+
+#import <GNUstepGUI/GSTrackingRect.h>
+
+#include <algorithm>
+
+namespace ov {
+
+NSMutableArray *TrackingRects::list() const {
+  // The variable is private to the platform's library; key-value coding reaches it.
+  return [view_ valueForKey:@"tracking_rects"];
+}
+
+NSTrackingRectTag TrackingRects::add(NSRect rect, id owner, void *userData, bool assumeInside) {
+  NSMutableArray *rects = list();
+  if ([rects count] >= kMost) return 0;
+  lastTag_ = std::max(lastTag_, [(GSTrackingRect *)[rects lastObject] tag]) + 1;
+  GSTrackingRect *added = [[GSTrackingRect alloc] initWithRect:rect
+                                                           tag:lastTag_
+                                                         owner:owner
+                                                      userData:userData
+                                                        inside:assumeInside];
+  [rects addObject:added];
+  [added release];
+  view_->_rFlags.has_trkrects = 1;
+  return lastTag_;
+}
+
+bool TrackingRects::remove(NSTrackingRectTag tag) {
+  NSMutableArray *rects = list();
+  // Tags only grow, so the list is sorted by them.
+  NSUInteger low = 0;
+  NSUInteger high = [rects count];
+  while (low < high) {
+    const NSUInteger middle = low + (high - low) / 2;
+    if ([(GSTrackingRect *)[rects objectAtIndex:middle] tag] < tag) {
+      low = middle + 1;
+    } else {
+      high = middle;
+    }
+  }
+  if (low == [rects count]) return false;
+  GSTrackingRect *found = [rects objectAtIndex:low];
+  if ([found tag] != tag) return false;
+  [found invalidate];
+  [[found retain] autorelease];  // outlives the walk that may be under way
+  [rects removeObjectAtIndex:low];
+  if ([rects count] == 0) view_->_rFlags.has_trkrects = 0;
+  return true;
+}
+
+NSUInteger TrackingRects::countOfPlatformToolTips() const {
+  if (!view_->_rFlags.has_tooltips) return 0;
+  const Class tips = NSClassFromString(@"GSToolTips");
+  NSUInteger count = 0;
+  for (GSTrackingRect *rect in list()) count += [[rect owner] isKindOfClass:tips];
+  return count;
+}
+
+}  // namespace ov

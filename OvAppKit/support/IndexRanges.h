@@ -1,0 +1,38 @@
+// Index sets by their ranges, so that a set of a million neighbours costs what a set of
+// one does.
+
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include <algorithm>
+
+namespace ov {
+
+// The end of the run of indexes in a set that begins with an index of it.
+NSUInteger endOfRun(NSIndexSet *set, NSUInteger first);
+
+// Calls body(NSRange) for each run of neighbouring indexes, in ascending order.
+template <typename Body>
+void forEachRange(NSIndexSet *set, Body body) {
+  NSUInteger first = [set firstIndex];
+  while (first != NSNotFound) {
+    const NSUInteger end = endOfRun(set, first);
+    body(NSMakeRange(first, end - first));
+    first = [set indexGreaterThanIndex:end - 1];
+  }
+}
+
+// Calls body(NSUInteger) for each index, in ascending order.
+template <typename Body>
+void forEachIndex(NSIndexSet *set, Body body) {
+  for (NSUInteger i = [set firstIndex]; i != NSNotFound; i = [set indexGreaterThanIndex:i]) {
+    body(i);
+  }
+}
+
+// New, autoreleased sets.
+NSMutableIndexSet *difference(NSIndexSet *set, NSIndexSet *without);
+NSMutableIndexSet *intersection(NSIndexSet *a, NSIndexSet *b);
+
+}  // namespace ov
