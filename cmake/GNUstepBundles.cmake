@@ -9,7 +9,7 @@
 #                 /NAME, /libNAME.so, /Headers, /Resources -> into Versions/Current
 
 function(ov_add_framework NAME)
-  cmake_parse_arguments(ARG "" "PCH" "SOURCES;HEADERS;RESOURCES;LINK;PRIVATE_LINK" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;RESOURCES;PCH;LINK;PRIVATE_LINK" ${ARGN})
   set(framework ${CMAKE_BINARY_DIR}/Frameworks/${NAME}.framework)
   set(version ${framework}/Versions/A)
   set(generated ${CMAKE_BINARY_DIR}/generated/${NAME})
@@ -52,7 +52,11 @@ function(ov_add_framework NAME)
     PUBLIC $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/include>
     PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   if(ARG_PCH)
-    target_precompile_headers(${NAME} PRIVATE $<$<COMPILE_LANGUAGE:OBJCXX>:${ARG_PCH}>)
+    # <string> must be in the precompiled header: read after one, it fails on the
+    # compiler's own va_list type.
+    list(PREPEND ARG_PCH <string>)
+    list(TRANSFORM ARG_PCH REPLACE "^(.+)$" "$<$<COMPILE_LANGUAGE:OBJCXX>:\\1>")
+    target_precompile_headers(${NAME} PRIVATE ${ARG_PCH})
   endif()
 
   # In the build tree the framework's headers and resources are links to the

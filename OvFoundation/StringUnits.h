@@ -1,0 +1,34 @@
+// The units of a string, read a block at a time: cheap for short looks into long strings.
+
+#import <Foundation/Foundation.h>
+
+#include <stddef.h>
+
+class StringUnits {
+ public:
+  // The string must outlive this.
+  explicit StringUnits(NSString *string) : string_(string), length_([string length]) {}
+
+  size_t length() const { return length_; }
+
+  char16_t operator[](size_t index) const {
+    if (index < start_ || index >= start_ + count_) load(index);
+    return block_[index - start_];
+  }
+
+ private:
+  static constexpr size_t blockLength = 512;
+
+  void load(size_t index) const {
+    // Walks go either way: the unit asked for is not at the edge.
+    start_ = index > blockLength / 4 ? index - blockLength / 4 : 0;
+    count_ = length_ - start_ < blockLength ? length_ - start_ : blockLength;
+    [string_ getCharacters:block_ range:NSMakeRange(start_, count_)];
+  }
+
+  NSString *string_;
+  size_t length_;
+  mutable size_t start_ = 0;
+  mutable size_t count_ = 0;
+  mutable unichar block_[blockLength];
+};
