@@ -189,7 +189,8 @@ case_readme() {
   awk '/^```objc$/ { on = 1; next } /^```$/ { if (on) exit } on' "$OV_SOURCE/README.md" >"$work/Host.m"
   [ -s "$work/Host.m" ] || fail "the README has no program in Objective-C"
   for compiler in gcc "$OV_CC"; do
-    compile "$prefix/lib/pkgconfig" "$compiler" "$work/Host.m" "$work/host"
+    compile "$prefix/lib/pkgconfig" "$compiler" "$work/Host.m" "$work/host" \
+      -Wno-unused-parameter  # gcc's -Wextra means a method's, too
     "$work/host" -GSSuppressAppIcon YES >"$work/output" 2>&1 </dev/null &
     program=$!
     # The window of this process appears, within xdotool's patience.
