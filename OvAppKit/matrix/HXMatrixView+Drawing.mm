@@ -14,6 +14,12 @@
 
 static const CGFloat OvDropRingWidth = 2;
 
+// A colour with alpha. The platform's named colours ignore a request for it.
+static NSColor *OvTranslucent(NSColor *color, CGFloat alpha) {
+  NSColor *plain = [color colorUsingColorSpaceName:NSCalibratedRGBColorSpace];
+  return [plain != nil ? plain : color colorWithAlphaComponent:alpha];
+}
+
 @implementation HXMatrixView (HXMatrixViewDrawing)
 
 - (void)drawRect:(NSRect)rect {
@@ -120,9 +126,9 @@ static const CGFloat OvDropRingWidth = 2;
 
 - (void)drawRubberBandWithFrame:(NSRect)frame {
   NSColor *color = [NSColor selectedControlColor];
-  [[color colorWithAlphaComponent:0.4] set];
+  [OvTranslucent(color, 0.4) set];
   NSRectFillUsingOperation(NSInsetRect(frame, 1, 1), NSCompositeSourceOver);
-  [[[color highlightWithLevel:0.6] colorWithAlphaComponent:0.4] set];
+  [OvTranslucent([color highlightWithLevel:0.6], 0.4) set];
   NSFrameRectWithWidthUsingOperation(frame, 1, NSCompositeSourceOver);
 }
 

@@ -4,7 +4,9 @@
 #import <OvAppKit/HXMatrixView.h>
 #import <OvAppKit/HXMatrixViewMouseTrackingManager.h>
 #import <OvAppKit/HXMatrixViewSelectionInfo.h>
+#import <OvAppKit/OvMatrixView.h>
 
+#include "matrix/BandSelection.h"
 #import "matrix/HXMatrixView+Private.h"
 #include "matrix/RubberBand.h"
 #include "support/GeometryBridge.h"
@@ -68,6 +70,7 @@
   _rubberBandFrame = NSZeroRect;
   _rubberBandColumns = NSMakeRange(0, 0);
   _rubberBandRows = NSMakeRange(0, 0);
+  _state->bandRecord = nil;
 
   const NSInteger clicks = [event clickCount];
   if (clicks > 0 && clicks % 2 == 0 && [self _isValidItemIndex:_mouseDownItemIndex]) {
@@ -126,26 +129,112 @@
   if (selectionChanged) [self _selectionDidChange];
 }
 
-// Computed afresh from the selection at the press, so that moving the band back undoes
-// what it did. YES if the selection changed.
-- (BOOL)_ovSelectBandOverColumns:(NSRange)columns rows:(NSRange)rows {
-  NSIndexSet *covered = [self _itemIndexesForMouseDraggedColumns:columns
-                                                            rows:rows
-                                                  mouseDownFlags:_mouseDownFlags];
-  HXMatrixViewSelectionInfo *info =
-      [self _selectionInfoForMouseDraggedItemIndexes:covered
-                        selectionInfoBeforeMouseDown:_selectionInfoBeforeMouseDown
-                                      mouseDownFlags:_mouseDownFlags];
-  NSIndexSet *added = ov::difference([info selectionIndexes], [_selectionInfo selectionIndexes]);
-  NSIndexSet *removed = ov::difference([_selectionInfo selectionIndexes], [info selectionIndexes]);
-  if ([added count] == 0 && [removed count] == 0) return NO;
-  if ([added count] > 0) {
-    [self _didSelectItemIndexes:added];
-    [self setNeedsDisplayAtItemIndexes:added];
+// What the band covers by the standard rules, to be compared from step to step.
+- (BOOL)_ovTakeCoverage:(ov::BandCoverage *)coverage columns:(NSRange)columns rows:(NSRange)rows {
+  const int behavior = _mouseDownFlags & NSAlternateKeyMask
+                           ? [self alternateMultipleSelectionBehaviorForDragging]
+                           : [self multipleSelectionBehaviorForDragging];
+  switch (behavior) {
+    case HXMatrixViewRectangularSelection:
+      *coverage = {_numberOfColumns, _numberOfItems, ov::fromNS(columns), ov::fromNS(rows)};
+      return _numberOfColumns > 0;
+    case HXMatrixViewLinearSelection: {
+      NSIndexSet *covered = [self _itemIndexesForMouseDraggedColumns:columns
+                                                                rows:rows
+                                                      mouseDownFlags:_mouseDownFlags];
+      const NSUInteger count = [covered count];
+      *coverage =
+          ov::BandCoverage::range(_numberOfItems, {count > 0 ? [covered firstIndex] : 0, count});
+      return YES;
+    }
+    default:
+      return NO;
   }
+}
+
+// Whether the next step can go on from the last one: the rules are the standard ones, no
+// delegate has a say, and nobody else has touched the selection or the layout.
+- (BOOL)_ovCanStepFrom:(const ov::BandCoverage &)from to:(const ov::BandCoverage &)to {
+  if (![self _ovBandRecordIsCurrent] || !from.sameLayout(to) || ![self _ovAllowsEveryItem]) {
+    return NO;
+  }
+  if ([_selectionInfoBeforeMouseDown firstSelectionIndex] == NSNotFound &&
+      [_selectionInfoBeforeMouseDown count] > 0) {
+    return NO;  // a record that a host has put together
+  }
+  for (SEL selector : {
+         @selector(itemIndexesAtColumns:rows:),
+             @selector(_itemIndexesForMouseDraggedColumns:rows:mouseDownFlags:)
+       }) {
+    if (!OvInheritsMethod(self, selector, [HXMatrixView class])) return NO;
+  }
+  const SEL combination = @selector(_selectionInfoForMouseDraggedItemIndexes:
+                                                selectionInfoBeforeMouseDown:mouseDownFlags:);
+  return OvInheritsMethod(self, combination, [HXMatrixView class]) ||
+         OvInheritsMethod(self, combination, [OvMatrixView class]);
+}
+
+- (ov::BandMode)_ovBandMode {
+  if (_mouseDownFlags & NSShiftKeyMask) {
+    return [self isKindOfClass:[OvMatrixView class]] ? ov::BandMode::toggle : ov::BandMode::extend;
+  }
+  return _mouseDownFlags & NSCommandKeyMask ? ov::BandMode::toggle : ov::BandMode::replace;
+}
+
+// Whether the record is still as the last step left it.
+- (BOOL)_ovBandRecordIsCurrent {
+  return _state->bandRecord == _selectionInfo &&
+         _state->bandChangeCount == [_selectionInfo _ovChangeCount];
+}
+
+// YES if the selection changed.
+- (BOOL)_ovSelectBandOverColumns:(NSRange)columns rows:(NSRange)rows {
+  ov::BandCoverage coverage;
+  const BOOL comparable = [self _ovTakeCoverage:&coverage columns:columns rows:rows];
+  BOOL changed = NO;
+  BOOL done = NO;
+  if (comparable && [self _ovCanStepFrom:_state->band to:coverage]) {
+    const ov::BandMode mode = [self _ovBandMode];
+    const ov::BandStep step =
+        ov::bandStep(_selectionInfoBeforeMouseDown, _state->band, coverage, mode);
+    [self _ovAnnounceAdded:step.added removed:step.removed];
+    changed = !step.isEmpty();
+    // The delegate was told meanwhile and may have changed the selection.
+    done = [self _ovBandRecordIsCurrent];
+    if (done && changed) {
+      ov::applyBandStep(step, _selectionInfo, _selectionInfoBeforeMouseDown, coverage, mode);
+    }
+  }
+  if (!done) {
+    // Computed afresh from the selection at the press, so that moving the band back undoes
+    // what it did.
+    NSIndexSet *covered = [self _itemIndexesForMouseDraggedColumns:columns
+                                                              rows:rows
+                                                    mouseDownFlags:_mouseDownFlags];
+    HXMatrixViewSelectionInfo *info =
+        [self _selectionInfoForMouseDraggedItemIndexes:covered
+                          selectionInfoBeforeMouseDown:_selectionInfoBeforeMouseDown
+                                        mouseDownFlags:_mouseDownFlags];
+    NSIndexSet *added = ov::difference([info selectionIndexes], [_selectionInfo selectionIndexes]);
+    NSIndexSet *removed =
+        ov::difference([_selectionInfo selectionIndexes], [info selectionIndexes]);
+    // After a step that the delegate disturbed there is nothing new to tell it.
+    if (!changed) [self _ovAnnounceAdded:added removed:removed];
+    if ([added count] > 0 || [removed count] > 0) {
+      [self _ovAdoptSelectionInfo:[info retain]];
+      changed = YES;
+    }
+  }
+  _state->band = coverage;
+  _state->bandRecord = comparable ? _selectionInfo : nil;
+  _state->bandChangeCount = [_selectionInfo _ovChangeCount];
+  return changed;
+}
+
+- (void)_ovAnnounceAdded:(NSIndexSet *)added removed:(NSIndexSet *)removed {
+  if ([added count] > 0) [self _didSelectItemIndexes:added];
+  [self setNeedsDisplayAtItemIndexes:added];
   [self setNeedsDisplayAtItemIndexes:removed];
-  [self _ovAdoptSelectionInfo:[info retain]];
-  return YES;
 }
 
 - (NSRect)_rubberBandRectWithMouseDownPoint:(NSPoint)mouseDownPoint

@@ -3,7 +3,9 @@
 #pragma once
 
 #import <OvAppKit/HXMatrixView.h>
+#import <OvAppKit/HXMatrixViewSelectionInfo.h>
 
+#include "matrix/BandCoverage.h"
 #include "matrix/GridGeometry.h"
 #include "platform/ToolTipRegions.h"
 #include "platform/TrackingRects.h"
@@ -24,6 +26,11 @@ struct OvMatrixViewState {
   _OvToolTipRegions *toolTips = nil;
   // The part of the document that was visible when the drop ring was drawn last.
   NSRect ringFrame = NSZeroRect;
+  // What the rubber band covered at its last step, and the record it left; the next step
+  // goes on from there if nobody else has changed either.
+  ov::BandCoverage band;
+  HXMatrixViewSelectionInfo *bandRecord = nil;  // not retained: only compared
+  NSUInteger bandChangeCount = 0;
   // Editing is being ended: making the view first responder ends it once more.
   bool endingEditing = false;
 };
@@ -47,9 +54,17 @@ struct OvMatrixViewState {
 - (void)_ovMarkRingMovedFrom:(NSRect)oldFrame to:(NSRect)newFrame;
 - (BOOL)_ovShowsRingAroundView;
 
+// Whether every item may be selected, so that whole ranges need not be asked for one by one.
+- (BOOL)_ovAllowsEveryItem;
+
 // Makes another record current, taking over the caller's reference.
 - (void)_ovAdoptSelectionInfo:(HXMatrixViewSelectionInfo *)info;
 
+@end
+
+@interface HXMatrixViewSelectionInfo (OvPrivate)
+// Grows with each message that edits the record.
+- (NSUInteger)_ovChangeCount;
 @end
 
 // Whether a class does by itself what another class up its line does.

@@ -140,7 +140,6 @@ static NSIndexSet *OvRange(NSUInteger a, NSUInteger b) {
   [self _selectionDidChange];
 }
 
-// Whether every item may be selected, so that whole ranges need not be asked for one by one.
 - (BOOL)_ovAllowsEveryItem {
   return !_flags.delegateRespondsToShouldSelectItem &&
          OvInheritsMethod(self, @selector(_shouldSelectItemIndex:), [HXMatrixView class]);

@@ -8,6 +8,7 @@
   NSMutableIndexSet *_selectionIndexes;
   NSUInteger _firstSelectionIndex;
   NSUInteger _lastSelectionIndex;
+  NSUInteger _changeCount;
 }
 
 /** An empty selection. */

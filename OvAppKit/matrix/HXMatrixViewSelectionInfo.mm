@@ -56,6 +56,10 @@ static NSRange OvItemRange(NSRange range) {
   [super dealloc];
 }
 
+- (NSUInteger)_ovChangeCount {
+  return _changeCount;
+}
+
 - (NSMutableIndexSet *)selectionIndexes {
   return _selectionIndexes;
 }
@@ -70,6 +74,7 @@ static NSRange OvItemRange(NSRange range) {
 
 - (void)addIndex:(NSUInteger)index {
   if (!OvIsItemIndex(index)) return;
+  ++_changeCount;
   [_selectionIndexes addIndex:index];
   if (_firstSelectionIndex == NSNotFound) _firstSelectionIndex = index;
   _lastSelectionIndex = index;
@@ -77,6 +82,7 @@ static NSRange OvItemRange(NSRange range) {
 
 - (void)addIndexes:(NSIndexSet *)indexes {
   if ([indexes count] == 0) return;
+  ++_changeCount;
   [_selectionIndexes addIndexes:indexes];
   if (_firstSelectionIndex == NSNotFound) _firstSelectionIndex = [indexes firstIndex];
   _lastSelectionIndex = [indexes lastIndex];
@@ -85,6 +91,7 @@ static NSRange OvItemRange(NSRange range) {
 - (void)addIndexesInRange:(NSRange)range {
   const NSRange items = OvItemRange(range);
   if (items.length == 0) return;
+  ++_changeCount;
   [_selectionIndexes addIndexesInRange:items];
   if (_firstSelectionIndex == NSNotFound) _firstSelectionIndex = [_selectionIndexes firstIndex];
   if (_lastSelectionIndex == NSNotFound) _lastSelectionIndex = [_selectionIndexes lastIndex];
@@ -92,6 +99,7 @@ static NSRange OvItemRange(NSRange range) {
 
 - (void)removeIndex:(NSUInteger)index {
   if (!OvIsItemIndex(index)) return;
+  ++_changeCount;
   [_selectionIndexes removeIndex:index];
   if (_firstSelectionIndex == index) _firstSelectionIndex = [_selectionIndexes firstIndex];
   if (_lastSelectionIndex == index) _lastSelectionIndex = [_selectionIndexes lastIndex];
@@ -113,6 +121,7 @@ static NSRange OvItemRange(NSRange range) {
 }
 
 - (void)_mendEnds {
+  ++_changeCount;
   if (![self containsIndex:_firstSelectionIndex]) {
     _firstSelectionIndex = [_selectionIndexes firstIndex];
   }
@@ -122,12 +131,14 @@ static NSRange OvItemRange(NSRange range) {
 }
 
 - (void)removeAllIndexes {
+  ++_changeCount;
   [_selectionIndexes removeAllIndexes];
   _firstSelectionIndex = NSNotFound;
   _lastSelectionIndex = NSNotFound;
 }
 
 - (void)setFirstSelectionIndex:(NSUInteger)index {
+  ++_changeCount;
   _firstSelectionIndex = index;
 }
 
@@ -136,6 +147,7 @@ static NSRange OvItemRange(NSRange range) {
 }
 
 - (void)setLastSelectionIndex:(NSUInteger)index {
+  ++_changeCount;
   _lastSelectionIndex = index;
 }
 

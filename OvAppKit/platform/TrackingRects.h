@@ -30,7 +30,8 @@ class TrackingRects {
  private:
   NSMutableArray *list() const;
 
-  NSView *view_;  // not retained: it owns this object
+  NSView *view_;                        // not retained: it owns this object
+  mutable NSMutableArray *list_ = nil;  // the view's, which keeps the same one
   NSTrackingRectTag lastTag_ = 0;
 };
 

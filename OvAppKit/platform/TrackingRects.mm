@@ -8,7 +8,8 @@ namespace ov {
 
 NSMutableArray *TrackingRects::list() const {
   // The variable is private to the platform's library; key-value coding reaches it.
-  return [view_ valueForKey:@"tracking_rects"];
+  if (list_ == nil) list_ = [view_ valueForKey:@"tracking_rects"];
+  return list_;
 }
 
 NSTrackingRectTag TrackingRects::add(NSRect rect, id owner, void *userData, bool assumeInside) {

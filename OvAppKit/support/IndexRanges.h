@@ -23,6 +23,21 @@ void forEachRange(NSIndexSet *set, Body body) {
   }
 }
 
+// Calls body(NSRange, bool held) for the parts of a range that a set holds and does not hold,
+// in ascending order.
+template <typename Body>
+void eachRunWithin(NSIndexSet *set, NSRange range, Body body) {
+  const NSUInteger end = NSMaxRange(range);
+  for (NSUInteger position = range.location; position < end;) {
+    const bool held = [set containsIndex:position];
+    NSUInteger partEnd = held ? endOfRun(set, position) : [set indexGreaterThanIndex:position];
+    // No set at all answers 0; NSNotFound lies beyond every range.
+    if (set == nil || partEnd > end) partEnd = end;
+    body(NSMakeRange(position, partEnd - position), held);
+    position = partEnd;
+  }
+}
+
 // Calls body(NSUInteger) for each index, in ascending order.
 template <typename Body>
 void forEachIndex(NSIndexSet *set, Body body) {

@@ -17,9 +17,14 @@ NSUInteger endOfRun(NSIndexSet *set, NSUInteger first) {
   return end;
 }
 
+// Run by run into a new set: taking runs out of a set of many moves all that follow.
 NSMutableIndexSet *difference(NSIndexSet *set, NSIndexSet *without) {
-  NSMutableIndexSet *result = [[set mutableCopy] autorelease];
-  if (without != nil) [result removeIndexes:without];
+  NSMutableIndexSet *result = [NSMutableIndexSet indexSet];
+  forEachRange(set, [&](NSRange run) {
+    eachRunWithin(without, run, [&](NSRange part, bool held) {
+      if (!held) [result addIndexesInRange:part];
+    });
+  });
   return result;
 }
 

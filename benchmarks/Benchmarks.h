@@ -1,0 +1,9 @@
+// One function per component family.
+
+#pragma once
+
+namespace bench {
+
+void grid();
+
+}  // namespace bench
