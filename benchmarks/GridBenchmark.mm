@@ -372,7 +372,7 @@ void selecting() {
     HXMatrixView *grid = f.grid;
     [grid setAllowsBeginDragging:NO];
     [f.window orderOut:nil];
-    [grid removeFromSuperview];  // nothing is drawn
+    [f.scrollView setDocumentView:nil];  // nothing is drawn
     bench::bounded("select all", bench::median([&] {
                      @autoreleasepool {
                        [grid deselectAll:nil];
