@@ -93,10 +93,11 @@ int openDraft(const std::filesystem::path &folder, const std::string &prefix, mo
       if (errno == EEXIST || errno == EINTR) continue;
       return errno;
     }
-    flock(draft.file.get(), LOCK_EX | LOCK_NB);
     // Another process may have taken it for left over before it was locked.
+    const bool isTaken = flock(draft.file.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
     struct stat info;
-    if (fstat(draft.file.get(), &info) == 0 && info.st_nlink > 0) return 0;
+    if (!isTaken && fstat(draft.file.get(), &info) == 0 && info.st_nlink > 0) return 0;
+    unlink(draft.path.c_str());
   }
   return EEXIST;
 }

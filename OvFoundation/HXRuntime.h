@@ -1,9 +1,10 @@
 #import <Foundation/Foundation.h>
 #import <OvFoundation/OvDefines.h>
 
-/* Tools for a class's table of instance methods. To reach class methods, pass the
-   class of the class. What they change stays changed for the life of the process,
-   for every instance, and also for subclasses that do not override the method.
+/* Tools for a class's table of instance methods. What they change stays changed for
+   the life of the process, for every instance, and also for subclasses that do not
+   override the method. (Class methods are out of their reach: the run time does not
+   tell the ancestors of the class of a class.)
 
    Selectors are the same when their names are, whatever types they carry. */
 

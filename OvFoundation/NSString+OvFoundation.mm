@@ -13,28 +13,6 @@ bool isMember(NSCharacterSet *set, ov::Character character) {
                               : [set characterIsMember:unichar(character.value)];
 }
 
-// The platform makes no string from units with half a character among them, but lets
-// one be put into a string.
-NSString *stringWithUnits(std::vector<unichar> units) {
-  std::vector<size_t> halves;
-  const size_t length = units.size();
-  for (size_t i = 0; i < length;) {
-    const ov::Character character = ov::characterAt(units, i, length);
-    if (character.units == 1 && ov::isSurrogate(units[i])) halves.push_back(i);
-    i += character.units;
-  }
-  if (halves.empty()) return [NSString stringWithCharacters:units.data() length:length];
-
-  std::vector<unichar> whole = units;
-  for (size_t i : halves) whole[i] = 0xFFFD;
-  NSMutableString *string = [NSMutableString stringWithCharacters:whole.data() length:length];
-  for (size_t i : halves) {
-    NSString *half = [NSString stringWithFormat:@"%C", units[i]];
-    [string replaceCharactersInRange:NSMakeRange(i, 1) withString:half];
-  }
-  return [[string copy] autorelease];
-}
-
 }  // namespace
 
 @implementation NSString (OvCharacterSets)
@@ -64,7 +42,7 @@ NSString *stringWithUnits(std::vector<unichar> units) {
       while (i < end) kept.push_back(units[i++]);
     }
   }
-  return stringWithUnits(std::move(kept));
+  return StringWithUnits(kept);
 }
 
 @end

@@ -21,6 +21,7 @@
 namespace {
 
 constexpr char16_t joiner = 0x200D;
+constexpr char16_t ellipsis = 0x2026;
 
 NSCharacterSet *marks() {
   static NSCharacterSet *set = [[NSCharacterSet nonBaseCharacterSet] retain];
@@ -80,10 +81,13 @@ bool mayCutBefore(const StringUnits &units, size_t index) {
   return !isJoinedToWhatPrecedes(ov::characterAt(units, index, units.length()).value);
 }
 
-NSString *cut(NSString *string, ov::KeptEnds ends) {
-  NSString *tail = [string substringFromIndex:[string length] - ends.tail];
-  return [[[string substringToIndex:ends.head] stringByAppendingString:@"\u2026"]
-      stringByAppendingString:tail];
+NSString *cut(const StringUnits &units, ov::KeptEnds ends) {
+  std::vector<unichar> kept;
+  kept.reserve(ends.head + ends.tail + 1);
+  for (size_t i = 0; i < ends.head; ++i) kept.push_back(units[i]);
+  kept.push_back(ellipsis);
+  for (size_t i = units.length() - ends.tail; i < units.length(); ++i) kept.push_back(units[i]);
+  return StringWithUnits(kept);
 }
 
 // Tries growing beginnings first, so that a long string costs no more than what fits.
@@ -91,8 +95,11 @@ bool fitsWhole(NSString *string, const StringUnits &units, const Ruler &ruler, d
   for (size_t count = 64; count < units.length(); count *= 2) {
     size_t end = count;
     while (end > 0 && !mayCutBefore(units, end)) --end;
+    std::vector<unichar> beginning;
+    beginning.reserve(end);
+    for (size_t i = 0; i < end; ++i) beginning.push_back(units[i]);
     @autoreleasepool {
-      if (ruler.widthOf([string substringToIndex:end]) > width) return false;
+      if (ruler.widthOf(StringWithUnits(beginning)) > width) return false;
     }
   }
   return ruler.widthOf(string) <= width;
@@ -117,12 +124,12 @@ bool fitsWhole(NSString *string, const StringUnits &units, const Ruler &ruler, d
       .fits =
           [&](ov::KeptEnds ends) {
             @autoreleasepool {
-              return ruler.widthOf(cut(self, ends)) <= width;
+              return ruler.widthOf(cut(units, ends)) <= width;
             }
           },
   };
   const ov::CutAt where = truncCode == truncateInTheMiddle ? ov::CutAt::middle : ov::CutAt::end;
-  return cut(self, ov::longestFitting(units.length(), where, ask));
+  return cut(units, ov::longestFitting(units.length(), where, ask));
 }
 
 @end

@@ -15,7 +15,7 @@ OV_EXPORT const NSUInteger OvPropertyListMaximumDepth;
     A property list is a string, number, date or data, or an array or dictionary
     (with strings for keys) of property lists. For anything else, for nesting beyond
     OvPropertyListMaximumDepth (as in a list that contains itself), and for a list of
-    more than sixteen million objects (as when one array is held again and again)
+    more than four million objects (as when one array is held again and again)
     the answer is nil.
 
     The copy is autoreleased. If `error` is not NULL, it receives nil or, when the

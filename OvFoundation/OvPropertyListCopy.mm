@@ -6,7 +6,7 @@ const NSUInteger OvPropertyListMaximumDepth = 512;
 
 namespace {
 
-constexpr NSUInteger maximumCount = NSUInteger(1) << 24;
+constexpr NSUInteger maximumCount = NSUInteger(1) << 22;
 
 class Copier {
  public:

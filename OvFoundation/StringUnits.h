@@ -4,6 +4,8 @@
 
 #include <stddef.h>
 
+#include <vector>
+
 class StringUnits {
  public:
   // The string must outlive this.
@@ -19,12 +21,7 @@ class StringUnits {
  private:
   static constexpr size_t blockLength = 512;
 
-  void load(size_t index) const {
-    // Walks go either way: the unit asked for is not at the edge.
-    start_ = index > blockLength / 4 ? index - blockLength / 4 : 0;
-    count_ = length_ - start_ < blockLength ? length_ - start_ : blockLength;
-    [string_ getCharacters:block_ range:NSMakeRange(start_, count_)];
-  }
+  void load(size_t index) const;
 
   NSString *string_;
   size_t length_;
@@ -32,3 +29,7 @@ class StringUnits {
   mutable size_t count_ = 0;
   mutable unichar block_[blockLength];
 };
+
+// A string of any units. The platform makes none, or answers nil for a part of one, when
+// half a character stands alone among them.
+NSString *StringWithUnits(const std::vector<unichar> &units);
