@@ -21,6 +21,8 @@ namespace {
 class Descriptor {
  public:
   explicit Descriptor(int fd = -1) : fd_(fd) {}
+  Descriptor(const Descriptor &) = delete;
+  Descriptor &operator=(const Descriptor &) = delete;
   Descriptor(Descriptor &&other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
   Descriptor &operator=(Descriptor &&other) noexcept {
     std::swap(fd_, other.fd_);
@@ -67,14 +69,15 @@ std::string draftPrefix(const std::filesystem::path &target) {
 void removeLeftOverDrafts(const std::filesystem::path &folder, const std::string &prefix) {
   DIR *entries = opendir(folder.c_str());
   if (!entries) return;
-  while (const dirent *entry = readdir(entries)) {
+  const int directory = dirfd(entries);
+  while (const dirent *entry = directory >= 0 ? readdir(entries) : nullptr) {
     if (!std::string_view(entry->d_name).starts_with(prefix)) continue;
     const Descriptor file(
-        openat(dirfd(entries), entry->d_name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+        openat(directory, entry->d_name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     struct stat info;
     if (file && fstat(file.get(), &info) == 0 && S_ISREG(info.st_mode) &&
         info.st_uid == geteuid() && flock(file.get(), LOCK_EX | LOCK_NB) == 0) {
-      unlinkat(dirfd(entries), entry->d_name, 0);
+      unlinkat(directory, entry->d_name, 0);
     }
   }
   closedir(entries);
@@ -87,6 +90,7 @@ int openDraft(const std::filesystem::path &folder, const std::string &prefix, mo
     std::array<char, 16> suffix;
     std::snprintf(suffix.data(), suffix.size(), "%08x", random());
     draft.path = (folder / (prefix + suffix.data())).string();
+    draft.file = Descriptor();  // closed now, not after the next open has set errno
     draft.file = Descriptor(
         open(draft.path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
     if (!draft.file) {
@@ -180,11 +184,10 @@ Replacement replace(std::filesystem::path target, std::string_view bytes, OldFil
 
   struct stat info;
   const bool exists = lstat(target.c_str(), &info) == 0;
-  if (!exists && errno != ENOENT) {
-    result.error = errno;
-  } else if (exists && !S_ISREG(info.st_mode)) {
+  if (exists && !S_ISREG(info.st_mode)) {
     result.error = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
-  } else if (exists && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
+  } else if (exists ? faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0
+                    : errno != ENOENT) {
     result.error = errno;
   }
   if (result.error) return result;

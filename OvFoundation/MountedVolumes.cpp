@@ -5,6 +5,7 @@
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -12,8 +13,6 @@
 #include <fstream>
 #include <iterator>
 #include <utility>
-
-extern char **environ;
 
 namespace ov {
 namespace {
@@ -24,7 +23,7 @@ std::optional<std::string> &givenTable() {
 }
 
 std::vector<Mount> currentMounts() {
-  if (givenTable()) return parseMountTable(*givenTable());
+  if (const auto &given = givenTable()) return parseMountTable(*given);
   std::ifstream file("/proc/self/mountinfo", std::ios::binary);
   return parseMountTable(std::string(std::istreambuf_iterator<char>(file), {}));
 }
@@ -92,7 +91,7 @@ int unmount(int mountID) {
   if (umount2(mount->point.c_str(), UMOUNT_NOFOLLOW) == 0) return 0;
   const int error = errno;
   if (error != EPERM) return error;
-  if (runUmount(mount->point) && !mountWithID(currentMounts(), mountID)) return 0;
+  if (runUmount(mount->point) && mountWithID(currentMounts(), mountID) == nullptr) return 0;
   return error;
 }
 

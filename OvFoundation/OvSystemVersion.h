@@ -1,5 +1,4 @@
 #import <Foundation/Foundation.h>
-
 #import <OvFoundation/OvDefines.h>
 
 /** The version of the desktop system that the libraries may rely on, written in

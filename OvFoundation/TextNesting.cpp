@@ -54,6 +54,8 @@ std::size_t nestingOfBraces(std::string_view text) {
       case '}':
         depth.close();
         break;
+      default:
+        break;
     }
   }
   return depth.deepest();

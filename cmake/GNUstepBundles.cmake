@@ -1,3 +1,5 @@
+include(InstallFrameworks)
+
 # ov_add_framework(NAME SOURCES a.mm … HEADERS a.h … [RESOURCES r …] [PCH h] LINK lib …)
 #
 # Builds NAME.framework in the platform's own layout below
@@ -82,4 +84,5 @@ function(ov_add_framework NAME)
   endforeach()
   file(CREATE_LINK ${version}/Headers ${CMAKE_BINARY_DIR}/include/${NAME} SYMBOLIC)
   set_target_properties(${NAME} PROPERTIES OV_HEADERS "${headers}" OV_RESOURCES "${ARG_RESOURCES}")
+  ov_install_framework(${NAME})
 endfunction()

@@ -45,7 +45,7 @@ function(_ov_install_link target folder name)
   install(FILES ${link} DESTINATION ${folder})
 endfunction()
 
-# ov_install_framework(NAME): one framework and its links.
+# ov_install_framework(NAME): one framework, its links and its packages.
 function(ov_install_framework NAME)
   set(framework ${OV_INSTALL_FRAMEWORKS}/${NAME}.framework)
   set(version ${framework}/Versions/A)
@@ -100,5 +100,3 @@ write_basic_package_version_file(${CMAKE_BINARY_DIR}/generated/OvAppKitConfigVer
 install(FILES packaging/OvAppKitConfig.cmake cmake/GNUstep.cmake
     ${CMAKE_BINARY_DIR}/generated/OvAppKitConfigVersion.cmake
   DESTINATION ${OV_INSTALL_CMAKE})
-ov_install_framework(OvFoundation)
-ov_install_framework(OvAppKit)

@@ -56,11 +56,10 @@ Index GridAxis::hit(Scalar x) const {
   const auto startsAtOrBefore = [&](Index i) { return origin(i) <= x; };
   const auto endsAfter = [&](Index i) { return x < origin(i) + cell; };
   const Scalar step = pitch();
-  Index candidate;
+  Index candidate = 0;
   if (step < 0) {
     // Later cells lie further left: of those that end after x, the last.
-    const Index ending = partitionPoint(count, clampedQuotient(x - cell, step, count), endsAfter);
-    candidate = ending;
+    candidate = partitionPoint(count, clampedQuotient(x - cell, step, count), endsAfter);
   } else {
     // Of the cells that start at or before x, the last; where two overlap it wins.
     candidate = partitionPoint(count, clampedQuotient(x, step, count) + 1, startsAtOrBefore);
@@ -111,7 +110,7 @@ Index GridAxis::countFitting(Scalar length, Index items) const {
 GridShape GridGeometry::shapeFor(GridFit fit, Scalar length) const {
   const Index fitted = (fit == GridFit::width ? columns() : rows()).countFitting(length, items);
   if (fitted == 0) return {};
-  const Index other = items / fitted + (items % fitted != 0);
+  const Index other = items / fitted + (items % fitted == 0 ? 0 : 1);
   return fit == GridFit::width ? GridShape{fitted, other} : GridShape{other, fitted};
 }
 

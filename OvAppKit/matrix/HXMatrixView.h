@@ -129,7 +129,7 @@ struct HXMatrixViewFlags {
   struct OvMatrixViewState *_state;
 }
 
-#pragma mark Creating
+// MARK: Creating
 
 /** A grid without items, data source or data cell: cells of 64 x 64 points, 1 point
     apart, fitted to the height (see -setAutoFitHorizentally:). -init is the same with an
@@ -148,7 +148,7 @@ struct HXMatrixViewFlags {
     and drops many grids may send it once, as the last message before the last release. */
 - (void)dealoc;
 
-#pragma mark Data source and delegate
+// MARK: Data source and delegate
 
 /** The object that supplies the items. Not retained; nil by default. Setting it asks the
     object once which optional methods it has, then reloads. The object must clear itself
@@ -163,7 +163,7 @@ struct HXMatrixViewFlags {
 - (void)setDelegate:(id)anObject;
 - (id)delegate;
 
-#pragma mark Layout
+// MARK: Layout
 
 /** The size of every cell in points, 64 x 64 by default. Setting it lays the grid out
     anew, resizes the view and marks it for display. */
@@ -202,7 +202,7 @@ struct HXMatrixViewFlags {
 - (void)reloadData;
 - (void)noteNumberOfItemsChanged;
 
-#pragma mark Appearance
+// MARK: Appearance
 
 /** The cell that draws and edits every item. Retained; nil by default, and then nothing is
     drawn. A cell equal to the present one is ignored. A cell that implements
@@ -233,7 +233,7 @@ struct HXMatrixViewFlags {
 - (void)setGridShadow:(NSShadow *)aShadow;
 - (NSShadow *)gridShadow;
 
-#pragma mark Geometry (flipped view coordinates, points)
+// MARK: Geometry (flipped view coordinates, points)
 
 /** The frame of the cell at a place in the grid, whether or not it holds an item. */
 - (NSRect)frameOfCellAtColumn:(NSUInteger)column row:(NSUInteger)row;
