@@ -86,3 +86,27 @@ function(ov_add_framework NAME)
   set_target_properties(${NAME} PROPERTIES OV_HEADERS "${headers}" OV_RESOURCES "${ARG_RESOURCES}")
   ov_install_framework(${NAME})
 endfunction()
+
+# ov_add_application(TARGET NAME Name INFO Info-gnustep.plist SOURCES a.mm … [RESOURCES r …] LINK lib …)
+#
+# Builds ${CMAKE_BINARY_DIR}/Name.app, which the platform takes for the main bundle: the
+# program Name.app/Name, and Name.app/Resources. It runs on the build's frameworks.
+
+function(ov_add_application TARGET)
+  cmake_parse_arguments(ARG "" "NAME;INFO" "SOURCES;RESOURCES;LINK" ${ARGN})
+  set(application ${CMAKE_BINARY_DIR}/${ARG_NAME}.app)
+  add_executable(${TARGET} ${ARG_SOURCES})
+  set_target_properties(${TARGET} PROPERTIES
+    OUTPUT_NAME ${ARG_NAME}
+    LINKER_LANGUAGE CXX
+    RUNTIME_OUTPUT_DIRECTORY ${application}
+    BUILD_WITH_INSTALL_RPATH ON
+    INSTALL_RPATH "$ORIGIN/../Frameworks/OvAppKit.framework/Versions/A;$ORIGIN/../Frameworks/OvFoundation.framework/Versions/A")
+  target_include_directories(${TARGET} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${TARGET} PRIVATE ${ARG_LINK} ov_warnings)
+  file(MAKE_DIRECTORY ${application}/Resources)
+  configure_file(${ARG_INFO} ${application}/Resources/Info-gnustep.plist COPYONLY)
+  foreach(resource IN LISTS ARG_RESOURCES)
+    configure_file(${resource} ${application}/Resources COPYONLY)
+  endforeach()
+endfunction()

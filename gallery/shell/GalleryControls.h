@@ -1,0 +1,29 @@
+// The few controls of the settings, drawn flat and light.
+#import <AppKit/AppKit.h>
+
+@interface GalleryPopUpCell : NSPopUpButtonCell
+@end
+
+@interface GalleryPopUp : NSPopUpButton
+@end
+
+@interface GalleryCheckBoxCell : NSButtonCell
+@end
+
+@interface GalleryCheckBox : NSButton
+@end
+
+@interface GallerySliderCell : NSSliderCell
+@end
+
+@interface GallerySlider : NSSlider
+@end
+
+// Buttonless scrollers: a rounded knob in a plain track.
+@interface GalleryScroller : NSScroller
+@end
+
+// A scroll view with a vertical and a horizontal GalleryScroller, each shown when there is
+// something to scroll. Its background is the window's.
+@interface GalleryScrollView : NSScrollView
+@end
