@@ -11,6 +11,8 @@ static const NSInteger OvMatrixViewVersion = 1;
 // added later is simply absent from an older one.
 static NSString *const OvConfigurationKey = @"HXMatrixViewConfiguration";
 static NSString *const OvDataCellKey = @"HXMatrixViewDataCell";
+static NSString *const OvDataSourceKey = @"HXMatrixViewDataSource";
+static NSString *const OvDelegateKey = @"HXMatrixViewDelegate";
 
 @implementation HXMatrixView (OvArchiving)
 
@@ -22,18 +24,23 @@ static NSString *const OvDataCellKey = @"HXMatrixViewDataCell";
   self = [super initWithCoder:coder];
   if (self == nil) return nil;
   [self _initialize];
+  id decodedDataSource = nil;
+  id decodedDelegate = nil;
   if ([coder allowsKeyedCoding]) {
     [self setDataCell:[coder decodeObjectForKey:OvDataCellKey]];
     [self _ovTakeConfiguration:[coder decodeObjectForKey:OvConfigurationKey]];
-    [self setDataSource:[coder decodeObjectForKey:@"HXMatrixViewDataSource"]];
-    [self setDelegate:[coder decodeObjectForKey:@"HXMatrixViewDelegate"]];
+    decodedDataSource = [coder decodeObjectForKey:OvDataSourceKey];
+    decodedDelegate = [coder decodeObjectForKey:OvDelegateKey];
   } else if ([coder versionForClassName:@"HXMatrixView"] == OvMatrixViewVersion) {
     [self setDataCell:[coder decodeObject]];
     [self _ovTakeConfiguration:[coder decodeObject]];
-    // Neither is retained: the archive's other objects hold them.
-    [self setDataSource:[coder decodeObject]];
-    [self setDelegate:[coder decodeObject]];
+    decodedDataSource = [coder decodeObject];
+    decodedDelegate = [coder decodeObject];
   }
+  // Neither is retained: the archive's other objects hold them. Without a data source the
+  // frame stays as it was archived, until one is connected.
+  if (decodedDataSource != nil) [self setDataSource:decodedDataSource];
+  if (decodedDelegate != nil) [self setDelegate:decodedDelegate];
   return self;
 }
 
@@ -42,8 +49,8 @@ static NSString *const OvDataCellKey = @"HXMatrixViewDataCell";
   if ([coder allowsKeyedCoding]) {
     [coder encodeObject:dataCell forKey:OvDataCellKey];
     [coder encodeObject:[self _ovConfiguration] forKey:OvConfigurationKey];
-    [coder encodeConditionalObject:dataSource forKey:@"HXMatrixViewDataSource"];
-    [coder encodeConditionalObject:delegate forKey:@"HXMatrixViewDelegate"];
+    [coder encodeConditionalObject:dataSource forKey:OvDataSourceKey];
+    [coder encodeConditionalObject:delegate forKey:OvDelegateKey];
   } else {
     [coder encodeObject:dataCell];
     [coder encodeObject:[self _ovConfiguration]];

@@ -37,7 +37,7 @@ static NSColor *OvTranslucent(NSColor *color, CGFloat alpha) {
   for (NSUInteger row = rows.location; row < NSMaxRange(rows); ++row) {
     for (NSUInteger column = columns.location; column < NSMaxRange(columns); ++column) {
       const NSUInteger index = [self itemIndexAtColumn:column row:row];
-      if (index == NSNotFound) break;
+      if (index == NSNotFound) continue;
       [self drawCellWithFrame:[self frameOfCellAtColumn:column row:row] atItemIndex:index];
     }
   }

@@ -13,6 +13,7 @@
 }
 
 - (void)editItemAtIndex:(NSUInteger)index withEvent:(NSEvent *)event select:(BOOL)flag {
+  if (![self _isValidItemIndex:index]) return;
   NSText *editor = [[self window] fieldEditor:YES forObject:self];
   editedItemIndex = index;
   if (_flags.dataCellRespondsToSetProposedDragOperation) {

@@ -37,17 +37,31 @@ NSString *const HXMatrixViewSelectionDidChangeNotification = @"HXMatrixViewSelec
   cellSize = NSMakeSize(64, 64);
   gridStyleMask = HXMatrixViewGridNone;
   gridLineWidth = 1;
-  _selectionManager = [[HXMatrixViewSelectionManager alloc] initWithMatrixView:self];
-  _selectionInfo = [[HXMatrixViewSelectionInfo alloc] init];
+  _numberOfItems = 0;
+  _numberOfColumns = 0;
+  _numberOfRows = 0;
+  _mouseDownFlags = 0;
+  _mouseDownLocation = NSZeroPoint;
   _mouseDownItemIndex = NSNotFound;
+  _mouseDowned = NO;
+  _mouseDragged = NO;
+  _draggingRefused = NO;
+  _rubberBandFrame = NSZeroRect;
+  _rubberBandColumns = NSMakeRange(0, 0);
+  _rubberBandRows = NSMakeRange(0, 0);
   draggingLocationItemIndex = NSNotFound;
   draggingDestinationItemIndex = NSNotFound;
+  proposedDragOperation = NSDragOperationNone;
   editedItemIndex = NSNotFound;
+  _flags = {};
   _flags.autoFitHorizentally = YES;
   _flags.allowsBeginDragging = YES;
   _flags.allowsEmptySelection = YES;
   _flags.allowsMultipleSelection = YES;
   if (_state == nullptr) _state = new OvMatrixViewState(self);
+  [self _ovReleaseOwnedObjects];  // none, unless a subclass initialises the view again
+  _selectionManager = [[HXMatrixViewSelectionManager alloc] initWithMatrixView:self];
+  _selectionInfo = [[HXMatrixViewSelectionInfo alloc] init];
 }
 
 - (void)awakeFromNib {
@@ -55,6 +69,10 @@ NSString *const HXMatrixViewSelectionDidChangeNotification = @"HXMatrixViewSelec
 }
 
 - (void)dealoc {
+  [self _ovReleaseOwnedObjects];
+}
+
+- (void)_ovReleaseOwnedObjects {
   [self setMouseTrackingEnabled:NO];
   [_toolTipManager release];
   _toolTipManager = nil;

@@ -70,7 +70,7 @@
   for (NSUInteger row = rows.location; row < NSMaxRange(rows); ++row) {
     for (NSUInteger column = columns.location; column < NSMaxRange(columns); ++column) {
       const NSUInteger index = [_matrixView itemIndexAtColumn:column row:row];
-      if (index == NSNotFound) break;
+      if (index == NSNotFound) continue;
       const NSRect frame = [_matrixView frameOfCellAtColumn:column row:row];
       [self _trackRect:NSIntersectionRect(frame, visible) itemIndex:index];
     }
