@@ -359,6 +359,8 @@ TEST_F(PropertyList, EveryValueComesBack) {
     @"third" : @(1.0 / 3),
     @"float" : [NSNumber numberWithFloat:0.1f],
     @"infinite" : @(INFINITY),
+    @"far away" : [NSDate dateWithTimeIntervalSinceReferenceDate:1e20],
+    @"long ago" : [NSDate dateWithTimeIntervalSinceReferenceDate:-1e15],
     @"moment" : [NSDate dateWithTimeIntervalSinceReferenceDate:12345.678],
     @"data" : [NSData dataWithBytes:"\0\1" length:2],
     @"no data" : [NSData data],
