@@ -517,7 +517,7 @@ TEST_F(PropertyList, DamagedFilesAreKept) {
   SCOPED_TRACE(testing::Message() << "OV_TEST_SEED=" << seed);
   std::mt19937 random(seed);
   NSDictionary *values = @{@"a" : @[ @1, @2.5, [NSDate date] ], @"b" : @{@"c" : @"text"}};
-  for (int round = 0; round < 1500; ++round) {
+  for (int round = 0; round < 300; ++round) {
     @autoreleasepool {
       const NSPropertyListFormat formats[] = {NSPropertyListXMLFormat_v1_0,
                                               NSPropertyListBinaryFormat_v1_0,
