@@ -19,7 +19,7 @@ struct OvPropertyListFile {
 
 @interface HXPropertyList ()
 - (void)_readValues;
-- (BOOL)_mayReplaceFile;
+- (BOOL)_mayReplaceFileOfKind:(StoredKind *)kind changed:(BOOL *)isChanged;
 @end
 
 @implementation HXPropertyList
@@ -133,11 +133,13 @@ struct OvPropertyListFile {
           problem ? problem : @"A value would not survive being written.");
     return NO;
   }
-  if (![self _mayReplaceFile]) return NO;
+  StoredKind kind = _file->kind;
+  BOOL isChanged = NO;
+  if (![self _mayReplaceFileOfKind:&kind changed:&isChanged]) return NO;
 
   const ov::Replacement replacement = ov::replaceFile(
       _file->path, std::string_view(static_cast<const char *>([data bytes]), [data length]),
-      _file->kind == StoredKind::somethingElse ? ov::OldFile::movesAside : ov::OldFile::isReplaced);
+      kind == StoredKind::somethingElse ? ov::OldFile::movesAside : ov::OldFile::isReplaced);
   if (replacement.error) {
     NSLog(@"[HXPropertyList] %@ was not saved. %@", _path, ErrorName(replacement.error));
     return NO;
@@ -145,6 +147,9 @@ struct OvPropertyListFile {
   if (!replacement.movedOldTo.empty()) {
     NSLog(@"[HXPropertyList] What %@ held before is kept in %s.", _path,
           replacement.movedOldTo.c_str());
+  }
+  if (isChanged) {
+    NSLog(@"[HXPropertyList] %@ was changed by someone else; their changes are replaced.", _path);
   }
   _file->kind = StoredKind::dictionary;
   _file->stamp = replacement.stamp;
@@ -158,21 +163,15 @@ struct OvPropertyListFile {
 }
 
 // Looks at the file again if it is not the one that was last read or written.
-- (BOOL)_mayReplaceFile {
-  if (_file->kind == StoredKind::unreadable || ov::stampOfFile(_file->path) != _file->stamp) {
-    const StoredPropertyList stored = ReadStoredPropertyList(_file->path);
-    _file->kind = stored.kind;
-    _file->stamp = stored.stamp;
-    if (stored.kind == StoredKind::unreadable) {
-      NSLog(@"[HXPropertyList] %@ was not saved. What is there cannot be read: %@.", _path,
-            stored.problem);
-      return NO;
-    }
-    if (stored.kind == StoredKind::dictionary) {
-      NSLog(@"[HXPropertyList] %@ was changed by someone else; their changes are replaced.", _path);
-    }
-  }
-  return YES;
+- (BOOL)_mayReplaceFileOfKind:(StoredKind *)kind changed:(BOOL *)isChanged {
+  if (*kind != StoredKind::unreadable && ov::stampOfFile(_file->path) == _file->stamp) return YES;
+  const StoredPropertyList stored = ReadStoredPropertyList(_file->path);
+  *kind = stored.kind;
+  *isChanged = stored.kind == StoredKind::dictionary;
+  if (stored.kind != StoredKind::unreadable) return YES;
+  NSLog(@"[HXPropertyList] %@ was not saved. What is there cannot be read: %@.", _path,
+        stored.problem);
+  return NO;
 }
 
 @end

@@ -3,10 +3,9 @@
 #include <vector>
 
 const NSUInteger OvPropertyListMaximumDepth = 512;
+const NSUInteger OvPropertyListMaximumCount = 1 << 22;
 
 namespace {
-
-constexpr NSUInteger maximumCount = NSUInteger(1) << 22;
 
 class Copier {
  public:
@@ -16,7 +15,8 @@ class Copier {
 
   // Owned by the caller; nil when there is a problem.
   id copy(id node, NSUInteger depth) {
-    if (++count_ > maximumCount) return fail(@"The property list holds too many objects.");
+    if (++count_ > OvPropertyListMaximumCount)
+      return fail(@"The property list holds too many objects.");
     if ([node isKindOfClass:[NSString class]] || [node isKindOfClass:[NSData class]]) {
       return mutableLeaves_ ? [node mutableCopy] : [node copy];
     }

@@ -6,6 +6,7 @@
 
 #include <errno.h>
 
+#include "BinaryPropertyList.h"
 #include "TextNesting.h"
 
 NSString *ErrorName(int error) { return [NSString stringWithUTF8String:strerror(error)]; }
@@ -34,9 +35,17 @@ static NSDictionary *DictionaryFromBytes(const std::string &bytes, NSString **pr
     *problem = @"it is empty";
     return nil;
   }
-  // The parsers of text, and the release of what they made, call themselves for every level.
-  const bool isBinary = bytes.starts_with("bplist") || bytes.starts_with(std::string(1, '\0'));
-  if (!isBinary && ov::textNesting(bytes) > OvPropertyListMaximumDepth) {
+  // The platform's parsers trust what they read: for damaged binary files one asks for absurd
+  // amounts of memory, and every level of a text is a call. The form that begins with 0 or 1
+  // is the platform's own for messages; nobody keeps settings in it.
+  if (bytes[0] == 0 || bytes[0] == 1 ||
+      (ov::isBinaryPropertyList(bytes) &&
+       !ov::isSoundBinaryPropertyList(bytes, OvPropertyListMaximumDepth,
+                                      OvPropertyListMaximumCount))) {
+    *problem = @"it cannot be parsed";
+    return nil;
+  }
+  if (!ov::isBinaryPropertyList(bytes) && ov::textNesting(bytes) > OvPropertyListMaximumDepth) {
     *problem = @"it is nested too deeply";
     return nil;
   }
@@ -78,9 +87,27 @@ static NSData *DataInFormat(NSDictionary *values, NSPropertyListFormat format) {
   }
 }
 
+// Whether every date lies in the years that the platform writes as text. It counts its way
+// to others, and never gets to some.
+static bool DatesFitText(id node) {
+  if ([node isKindOfClass:[NSDate class]]) {
+    const NSTimeInterval time = [node timeIntervalSinceReferenceDate];
+    return time >= [[NSDate distantPast] timeIntervalSinceReferenceDate] &&
+           time <= [[NSDate distantFuture] timeIntervalSinceReferenceDate];
+  }
+  const bool isDictionary = [node isKindOfClass:[NSDictionary class]];
+  if (!isDictionary && ![node isKindOfClass:[NSArray class]]) return true;
+  for (id member in isDictionary ? [node allValues] : node) {
+    if (!DatesFitText(member)) return false;
+  }
+  return true;
+}
+
 NSData *PropertyListDataThatReadsBack(NSDictionary *values) {
+  const bool fitsText = DatesFitText(values);
   for (NSPropertyListFormat format : {NSPropertyListXMLFormat_v1_0, NSPropertyListBinaryFormat_v1_0,
                                       NSPropertyListGNUstepFormat}) {
+    if (!fitsText && format != NSPropertyListBinaryFormat_v1_0) continue;
     NSData *data = DataInFormat(values, format);
     NSString *problem = nil;
     if (data && [values isEqual:ParsedPropertyList(data, &problem)]) return data;

@@ -175,6 +175,12 @@ TEST_F(FailingSave, TellsOfAFullDisk) {
   expectRefusal("No space left on device");
 }
 
+TEST_F(FailingSave, TellsNothingOfChangesThatItDoesNotReplace) {
+  setContents(folder / "list.plist", "{theirs = 1;}");
+  faultyCalls().beforeFlush = [](int) { return EIO; };
+  expectRefusal("Input/output error");
+}
+
 TEST_F(FailingSave, TellsOfARefusedRename) {
   faultyCalls().beforeRename = [](auto &, auto &) { return EACCES; };
   expectRefusal("Permission denied");
