@@ -107,7 +107,8 @@ static NSString *const OvDelegateKey = @"HXMatrixViewDelegate";
       NSMakeSize(number(@"cellWidth", cellSize.width), number(@"cellHeight", cellSize.height));
   intercellSpacing = NSMakeSize(number(@"spacingWidth", intercellSpacing.width),
                                 number(@"spacingHeight", intercellSpacing.height));
-  gridStyleMask = static_cast<NSUInteger>(number(@"gridStyleMask", gridStyleMask));
+  id mask = [values objectForKey:@"gridStyleMask"];  // more bits than a double keeps
+  if ([mask isKindOfClass:[NSNumber class]]) gridStyleMask = [mask unsignedIntegerValue];
   gridLineWidth = number(@"gridLineWidth", gridLineWidth);
   _flags.autoFitHorizentally = number(@"autoFitHorizentally", YES) != 0;
   _flags.allowsBeginDragging = number(@"allowsBeginDragging", YES) != 0;

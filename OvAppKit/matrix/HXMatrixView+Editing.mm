@@ -14,6 +14,9 @@
 
 - (void)editItemAtIndex:(NSUInteger)index withEvent:(NSEvent *)event select:(BOOL)flag {
   if (![self _isValidItemIndex:index]) return;
+  // The platform does not end the editing of one item before it sets its editor up for the
+  // next, and then works with a clip view that is gone.
+  if (editedItemIndex != NSNotFound) [[self window] endEditingFor:nil];
   NSText *editor = [[self window] fieldEditor:YES forObject:self];
   editedItemIndex = index;
   if (_flags.dataCellRespondsToSetProposedDragOperation) {

@@ -40,6 +40,7 @@ struct ToolTip {
   std::vector<NSTrackingRectTag> _installed;
   NSToolTipTag _entered;  // the tip that shows or is about to, or 0
   BOOL _pointerInside;    // the pointer came into a tip and was not seen to leave
+  BOOL _asking;           // a tip's text is being asked for
 }
 
 - (id)initWithView:(NSView *)view trackingRects:(ov::TrackingRects *)trackingRects;

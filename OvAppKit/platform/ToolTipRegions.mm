@@ -150,14 +150,25 @@
 }
 
 - (void)enter:(NSToolTipTag)tag at:(NSPoint)point {
+  // Whoever supplies the text may change the tool tips meanwhile; the tip that comes to lie
+  // under the pointer waits for the pointer to move.
+  if (_asking) return;
   // The platform asks this object for the text while it handles the event.
   id provider =
       [[NSClassFromString(@"GSTTProvider") alloc] initWithObject:self
                                                         userData:reinterpret_cast<void *>(tag)];
   if (provider == nil) return;
   _entered = tag;
+  _asking = YES;
+  const auto alive = ov::retain(self);
   [[self platformTips] mouseEntered:[self event:NSMouseEntered tag:tag at:point data:provider]];
+  _asking = NO;
   [provider release];
+  if (_entered != tag) {
+    // It was taken away while its text was asked for.
+    _entered = tag;
+    [self endDisplay];
+  }
 }
 
 - (void)endDisplay {
