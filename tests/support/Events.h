@@ -10,6 +10,9 @@ NSEvent *mouseEvent(NSEventType type, NSView *view, NSPoint point, NSUInteger fl
                     NSInteger clickCount = 1);
 NSEvent *keyEvent(NSWindow *window, NSString *characters, NSUInteger flags = 0);
 
+// Shows the window and gives it the keyboard; answers whether that worked.
+bool bringToFront(NSWindow *window);
+
 // Deliver through the application, as the event loop does. A press brings the window to the
 // front first, since the platform gives clicks in other windows to the window alone.
 void press(NSView *view, NSPoint point, NSUInteger flags = 0, NSInteger clickCount = 1);

@@ -34,12 +34,19 @@ NSEvent *keyEvent(NSWindow *window, NSString *characters, NSUInteger flags) {
                            keyCode:0];
 }
 
+bool bringToFront(NSWindow *window) {
+  // Another program on the display may take the keyboard meanwhile: ask again.
+  for (int attempt = 0; attempt < 20; attempt++) {
+    if ([window isVisible] && [window isKeyWindow]) return true;
+    [window makeKeyAndOrderFront:nil];
+    if (pumpUntil([=] { return [window isVisible] && [window isKeyWindow]; }, 0.3)) return true;
+  }
+  return false;
+}
+
 void press(NSView *view, NSPoint point, NSUInteger flags, NSInteger clickCount) {
   NSWindow *window = [view window];
-  if (![window isKeyWindow]) {
-    [window makeKeyAndOrderFront:nil];
-    pumpUntil([=] { return [window isKeyWindow]; });
-  }
+  bringToFront(window);
   [NSApp sendEvent:mouseEvent(NSLeftMouseDown, view, point, flags, clickCount)];
 }
 

@@ -53,9 +53,7 @@ NSWindow* LiveTest::showWindow(NSSize contentSize) {
 }
 
 void LiveTest::show(NSWindow* window) {
-  [window makeKeyAndOrderFront:nil];
-  EXPECT_TRUE(pumpUntil([=] { return [window isVisible] && [window isKeyWindow]; }))
-      << "the window never got the keyboard";
+  EXPECT_TRUE(bringToFront(window)) << "the window never got the keyboard";
   pumpPending();
 }
 

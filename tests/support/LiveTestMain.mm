@@ -45,7 +45,10 @@ class RunningTestNote : public ::testing::EmptyTestEventListener {
 
 int main(int argc, char **argv) {
   int status = 0;
-  if (!ov::test::isSupervisedChild(argc, argv, &status)) return status;
+  if (!ov::test::isSupervisedChild(argc, argv, &status)) {
+    std::fflush(nullptr);
+    _exit(status);
+  }
 
   ::testing::InitGoogleTest(&argc, argv);
   if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();

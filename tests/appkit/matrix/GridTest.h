@@ -42,6 +42,7 @@ Journal &journal();
 
 std::string text(NSRect rect);
 std::string text(NSPoint point);
+std::string text(CGFloat length);
 std::string text(NSUInteger index);  // "none" for NSNotFound
 std::string text(NSIndexSet *set);   // "1 2 5", "" for an empty set, "nil"
 NSIndexSet *indexes(std::initializer_list<NSUInteger> list);

@@ -39,6 +39,12 @@ std::string text(NSPoint point) {
   return out.str();
 }
 
+std::string text(CGFloat length) {
+  std::ostringstream out;
+  out << length;
+  return out.str();
+}
+
 std::string text(NSUInteger index) { return index == NSNotFound ? "none" : std::to_string(index); }
 
 std::string text(NSIndexSet *set) {
@@ -389,11 +395,11 @@ static NSColor *cellFill = nil;
   [super sizeToFit];
 }
 - (void)_calcColumnsAndRowsForFrameWidth:(CGFloat)width {
-  note("calcWidth", static_cast<NSUInteger>(width));
+  note("calcWidth", ov::test::text(width));
   [super _calcColumnsAndRowsForFrameWidth:width];
 }
 - (void)_calcColumnsAndRowsForFrameHeight:(CGFloat)height {
-  note("calcHeight", static_cast<NSUInteger>(height));
+  note("calcHeight", ov::test::text(height));
   [super _calcColumnsAndRowsForFrameHeight:height];
 }
 
