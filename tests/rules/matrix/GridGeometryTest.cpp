@@ -17,6 +17,8 @@ namespace {
 
 constexpr Scalar kInfinity = std::numeric_limits<Scalar>::infinity();
 constexpr Scalar kNaN = std::numeric_limits<Scalar>::quiet_NaN();
+constexpr Scalar kHuge = std::numeric_limits<Scalar>::max() / 4;
+constexpr Scalar kTiny = std::numeric_limits<Scalar>::min() * 4;
 
 // The definitions, one cell at a time. What they say is what the grid promises; the rules
 // must say the same without the loops.
@@ -159,7 +161,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FitRow{"negativePitch", {64, -100, 0}, 200, 7, 1},
                     FitRow{"notANumber", {kNaN, 1, 0}, 200, 7, 1},
                     FitRow{"lengthNotANumber", {64, 1, 0}, kNaN, 7, 1},
-                    FitRow{"moreThanAnIndexHolds", {1e-300, 0, 0}, 1e300, kNoIndex, kNoIndex}),
+                    FitRow{"moreThanAnIndexHolds", {kTiny, 0, 0}, kHuge, kNoIndex, kNoIndex}),
     testing::PrintToStringParamName());
 
 // --- Random rows against the definitions ---------------------------------------------
@@ -174,8 +176,8 @@ GridAxis randomAxis(test::Random& random) {
       axis.spacing = random.real(-40, 20);
       break;
     case 1:  // nothing sensible
-      axis.cell = random.pick<Scalar>({0, -3, kNaN, kInfinity, 1e300, 1e-300, 64});
-      axis.spacing = random.pick<Scalar>({0, 1, -64, kNaN, -kInfinity, 1e300, 1e-300});
+      axis.cell = random.pick<Scalar>({0, -3, kNaN, kInfinity, kHuge, kTiny, 64});
+      axis.spacing = random.pick<Scalar>({0, 1, -64, kNaN, -kInfinity, kHuge, kTiny});
       break;
     default:
       axis.cell = random.pick(lengths);
@@ -194,7 +196,7 @@ Scalar randomPlace(test::Random& random, const GridAxis& axis) {
       place = random.real(-200, 2000);
       break;
     case 1:
-      return random.pick<Scalar>({kNaN, kInfinity, -kInfinity, 1e300, -1e300, 0, -0.0});
+      return random.pick<Scalar>({kNaN, kInfinity, -kInfinity, kHuge, -kHuge, 0, Scalar(-0.0)});
     case 2:
       place = static_cast<Scalar>(random.integer(-2, 15)) * axis.pitch();
       break;
@@ -302,7 +304,7 @@ TEST(GridShape, HoldsEveryItemAndNoMoreThanOneSpareLine) {
   for (int i = 0; i < 20000; i++) {
     GridGeometry g;
     g.cell = {Scalar(random.integer(1, 90)), Scalar(random.integer(1, 90))};
-    g.spacing = {random.real(0, 9), random.real(0, 9)};
+    g.spacing = {Scalar(random.real(0, 9)), Scalar(random.real(0, 9))};
     g.items = static_cast<Index>(random.integer(1, 500));
     Scalar length = random.real(-10, 2000);
     GridShape down = g.shapeFor(GridFit::width, length);
