@@ -129,8 +129,21 @@
   if (selectionChanged) [self _selectionDidChange];
 }
 
-// What the band covers by the standard rules, to be compared from step to step.
+// Whether no subclass has rules of its own.
+- (BOOL)_ovHasStandardBandRules {
+  const SEL covered = @selector(_itemIndexesForMouseDraggedColumns:rows:mouseDownFlags:);
+  const SEL combination = @selector(_selectionInfoForMouseDraggedItemIndexes:
+                                                selectionInfoBeforeMouseDown:mouseDownFlags:);
+  return OvInheritsMethod(self, @selector(itemIndexesAtColumns:rows:), [HXMatrixView class]) &&
+         OvInheritsMethod(self, covered, [HXMatrixView class]) &&
+         (OvInheritsMethod(self, combination, [HXMatrixView class]) ||
+          OvInheritsMethod(self, combination, [OvMatrixView class]));
+}
+
+// What the band covers by the standard rules, to be compared from step to step; NO where it
+// cannot be.
 - (BOOL)_ovTakeCoverage:(ov::BandCoverage *)coverage columns:(NSRange)columns rows:(NSRange)rows {
+  if (![self _ovHasStandardBandRules]) return NO;
   const int behavior = _mouseDownFlags & NSAlternateKeyMask
                            ? [self alternateMultipleSelectionBehaviorForDragging]
                            : [self multipleSelectionBehaviorForDragging];
@@ -152,26 +165,15 @@
   }
 }
 
-// Whether the next step can go on from the last one: the rules are the standard ones, no
-// delegate has a say, and nobody else has touched the selection or the layout.
+// Whether the next step can go on from the last one: no delegate has a say, and nobody else
+// has touched the selection or the layout.
 - (BOOL)_ovCanStepFrom:(const ov::BandCoverage &)from to:(const ov::BandCoverage &)to {
   if (![self _ovBandRecordIsCurrent] || !from.sameLayout(to) || ![self _ovAllowsEveryItem]) {
     return NO;
   }
-  if ([_selectionInfoBeforeMouseDown firstSelectionIndex] == NSNotFound &&
-      [_selectionInfoBeforeMouseDown count] > 0) {
-    return NO;  // a record that a host has put together
-  }
-  for (SEL selector : {
-         @selector(itemIndexesAtColumns:rows:),
-             @selector(_itemIndexesForMouseDraggedColumns:rows:mouseDownFlags:)
-       }) {
-    if (!OvInheritsMethod(self, selector, [HXMatrixView class])) return NO;
-  }
-  const SEL combination = @selector(_selectionInfoForMouseDraggedItemIndexes:
-                                                selectionInfoBeforeMouseDown:mouseDownFlags:);
-  return OvInheritsMethod(self, combination, [HXMatrixView class]) ||
-         OvInheritsMethod(self, combination, [OvMatrixView class]);
+  // Not with a record that a host has put together: items, but no anchor.
+  return [_selectionInfoBeforeMouseDown firstSelectionIndex] != NSNotFound ||
+         [_selectionInfoBeforeMouseDown count] == 0;
 }
 
 - (ov::BandMode)_ovBandMode {

@@ -90,6 +90,7 @@ static NSIndexSet *OvRange(NSUInteger a, NSUInteger b) {
   // A caller up the stack may still be using the old one.
   [_selectionInfo autorelease];
   _selectionInfo = info;
+  if (_state != nullptr) _state->bandRecord = nil;
 }
 
 - (NSUInteger)numberOfSelectedItems {

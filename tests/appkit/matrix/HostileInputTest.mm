@@ -84,7 +84,7 @@ TEST_F(GridHostile, CountsThatNoIndexCanReachAreRefusedWithALogLine) {
   }
 }
 
-constexpr NSUInteger kManyItems = sizeof(void *) == 8 ? NSUInteger(1) << 40 : NSUInteger(1) << 28;
+constexpr NSUInteger kManyItems = NSUIntegerMax >> (sizeof(NSUInteger) == 8 ? 24 : 4);
 
 TEST_F(GridHostile, HugeCountsTakeNoLonger) {
   OvTestGrid *grid = makeGrid(kManyItems);
@@ -134,7 +134,7 @@ TEST_F(GridHostile, FramesThatAreNoFrames) {
 
 TEST_F(GridHostile, IndexesThatDoNotExist) {
   OvTestGrid *grid = gridInWindow(5, NSMakeSize(200, 200), true);
-  for (NSUInteger index : {NSUInteger(5), NSUInteger(NSNotFound) - 1, NSUInteger(1) << 50}) {
+  for (NSUInteger index : {NSUInteger(5), NSUInteger(NSNotFound) - 1, NSUInteger(NSNotFound) / 2}) {
     [grid setNeedsDisplayAtItemIndex:index];
     [grid selectItem:index byExtendingSelection:YES];
     EXPECT_TRUE([grid isItemSelected:index]);
