@@ -47,7 +47,7 @@ function(_ov_import_gnustep target flags_query libs_query)
       list(APPEND links ${lib})
     endif()
   endforeach()
-  # Spelt as options: CMake 3.25 has no system-include flag for Objective-C++.
+  # Spelt as options, so that the order of the folders is the one given here.
   list(TRANSFORM includes PREPEND "SHELL:-isystem " OUTPUT_VARIABLE system_includes)
   add_library(${target} INTERFACE IMPORTED GLOBAL)
   set_target_properties(${target} PROPERTIES

@@ -135,8 +135,8 @@ struct HXMatrixViewFlags {
     apart, fitted to the height (see -setAutoFitHorizentally:). -init is the same with an
     empty frame. A grid that comes from an archive keeps its configuration: cell size,
     spacing, data cell, colours, grid lines, options, selection behaviours, mouse
-    tracking; in a sequential archive also its data source and delegate where these are
-    archived too. The selection and the layout are not archived. */
+    tracking; and its data source and delegate where these are in the archive for another
+    reason, too. The selection and the layout are not archived. */
 - (id)initWithFrame:(NSRect)frame;
 
 /** Reloads: an interface file connects the data source before this is sent. */
