@@ -91,7 +91,11 @@ class Checker {
                                                           : referenceSize_;
     if (count > (table_ - place) / unit) return 0;
     if (kind < 0xA) return 1;
-    const std::uint64_t references = kind == 0xD ? 2 * count : count;
+    return sizeOfMembers(place, kind == 0xD ? 2 * count : count, depth);
+  }
+
+  // One object and what it refers to.
+  std::size_t sizeOfMembers(std::uint64_t place, std::uint64_t references, std::size_t depth) {
     std::size_t total = 1;
     for (std::uint64_t i = 0; i < references; ++i) {
       const std::uint64_t member =
