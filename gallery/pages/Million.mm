@@ -32,9 +32,7 @@
     NSRectFill(frame);
     swatch = NSInsetRect(frame, 3, 3);
   }
-  [[NSColor colorWithCalibratedHue:hue
-                        saturation:_hovered ? 0.45 : 0.28
-                        brightness:0.95
+  [[NSColor colorWithCalibratedHue:hue saturation:_hovered ? 0.45 : 0.28 brightness:0.95
                              alpha:1] set];
   NSRectFill(swatch);
   GalleryDrawText([NSString stringWithFormat:@"%lu", static_cast<unsigned long>(index)], frame,
@@ -203,11 +201,12 @@
 }
 
 - (void)describe {
-  [self setMessage:[NSString stringWithFormat:@"%lu of %lu selected. The last full page took %.1f ms "
-                                              @"to draw.",
-                                              static_cast<unsigned long>([_grid numberOfSelectedItems]),
-                                              static_cast<unsigned long>(_count),
-                                              [_grid lastDrawSeconds] * 1000]
+  [self setMessage:[NSString
+                       stringWithFormat:@"%lu of %lu selected. The last full page took %.1f ms "
+                                        @"to draw.",
+                                        static_cast<unsigned long>([_grid numberOfSelectedItems]),
+                                        static_cast<unsigned long>(_count),
+                                        [_grid lastDrawSeconds] * 1000]
            warning:NO];
 }
 

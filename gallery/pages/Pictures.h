@@ -22,6 +22,7 @@
   NSMutableArray *_copiedNames;
   NSMutableArray *_copyProblems;
   NSUInteger _menuIndex;
+  BOOL _dropProposed;  // files are over the grid, or were the last time
 }
 - (PictureItem *)itemAtIndex:(NSUInteger)index;
 - (void)useGridOfClass:(Class)gridClass;

@@ -62,7 +62,6 @@ static const std::size_t kThumbnailMemory = 96 << 20;
 - (void)dealloc {
   [[NSNotificationCenter defaultCenter] removeObserver:self];
   [NSObject cancelPreviousPerformRequestsWithTarget:self];
-  [_progressTimer invalidate];
   [_copiedNames release];
   [_copyProblems release];
   [_items release];
@@ -70,9 +69,8 @@ static const std::size_t kThumbnailMemory = 96 << 20;
   [_grid setDelegate:nil];
   [_grid release];
   [_scroll release];
-  [_folder close];
+  [self close];
   [_folder release];
-  [_cache close];
   [_cache release];
   [super dealloc];
 }
@@ -97,6 +95,14 @@ static const std::size_t kThumbnailMemory = 96 << 20;
   [self describeSelection];
 }
 
+- (void)close {
+  [_progressTimer invalidate];
+  _progressTimer = nil;
+  _copier.reset();
+  [_folder close];
+  [_cache close];
+}
+
 - (BOOL)isSettled {
   return [_cache outstanding] == 0;
 }
@@ -114,7 +120,8 @@ static const std::size_t kThumbnailMemory = 96 << 20;
   HXMatrixView *grid = [[gridClass alloc] initWithFrame:[[_scroll contentView] bounds]];
   [grid setAutoFitHorizentally:old ? [old autoFitHorizentally] : NO];
   [grid setCellSize:[PictureCell cellSizeForWidth:_cellWidth]];
-  [grid setIntercellSpacing:old ? [old intercellSpacing] : NSMakeSize(kFirstSpacing, kFirstSpacing)];
+  [grid
+      setIntercellSpacing:old ? [old intercellSpacing] : NSMakeSize(kFirstSpacing, kFirstSpacing)];
   [grid setDataCell:[[[PictureCell alloc] initWithCache:_cache] autorelease]];
   [grid setBackgroundColor:old ? [old backgroundColor] : GalleryPanelColor()];
   [grid setGridColor:old ? [old gridColor] : GalleryLineColor()];
@@ -178,8 +185,11 @@ static const std::size_t kThumbnailMemory = 96 << 20;
     details = [NSString stringWithFormat:@"%d \u00d7 %d pixels", static_cast<int>(size.width),
                                          static_cast<int>(size.height)];
   }
-  return [NSString stringWithFormat:@"%@\n%@\n%@", [item name], details ?: @"Being read\u2026",
-                                    PictureFileSize([item size])];
+  // The platform's tip is a little too narrow for its text now and then, and would wrap it.
+  NSArray *lines =
+      @[ [item name], details ?: @"Being read\u2026", PictureFileSize([item size]), @"" ];
+  return [[lines componentsJoinedByString:@"\u00a0\u00a0\n"]
+      stringByTrimmingCharactersInSet:[NSCharacterSet newlineCharacterSet]];
 }
 
 #pragma mark The folder
@@ -187,7 +197,8 @@ static const std::size_t kThumbnailMemory = 96 << 20;
 - (NSSet *)selectedPaths {
   NSMutableSet *paths = [NSMutableSet set];
   NSIndexSet *selected = [_grid selectedItemIndexes];
-  for (NSUInteger i = [selected firstIndex]; i != NSNotFound; i = [selected indexGreaterThanIndex:i]) {
+  for (NSUInteger i = [selected firstIndex]; i != NSNotFound;
+       i = [selected indexGreaterThanIndex:i]) {
     if (NSString *path = [[self itemAtIndex:i] pathString]) [paths addObject:path];
   }
   return paths;
@@ -234,13 +245,15 @@ static const std::size_t kThumbnailMemory = 96 << 20;
 - (void)loadVisibleThumbnails {
   const NSRect visible = [_scroll documentVisibleRect];
   const CGFloat width = NSWidth(visible), height = NSHeight(visible);
-  const NSRect areas[] = {visible, NSOffsetRect(visible, 0, height), NSOffsetRect(visible, 0, -height),
-                          NSOffsetRect(visible, width, 0), NSOffsetRect(visible, -width, 0)};
+  const NSRect areas[] = {visible, NSOffsetRect(visible, 0, height),
+                          NSOffsetRect(visible, 0, -height), NSOffsetRect(visible, width, 0),
+                          NSOffsetRect(visible, -width, 0)};
   NSMutableArray *wanted = [NSMutableArray array];
   for (const NSRect &area : areas) {
     NSIndexSet *indexes = [_grid itemIndexesAtColumns:[_grid columnsInRect:area]
                                                  rows:[_grid rowsInRect:area]];
-    for (NSUInteger i = [indexes firstIndex]; i != NSNotFound; i = [indexes indexGreaterThanIndex:i]) {
+    for (NSUInteger i = [indexes firstIndex]; i != NSNotFound;
+         i = [indexes indexGreaterThanIndex:i]) {
       if (PictureItem *item = [self itemAtIndex:i]) [wanted addObject:item];
     }
   }
@@ -263,14 +276,15 @@ static const std::size_t kThumbnailMemory = 96 << 20;
 - (void)describeSelection {
   if (_progressTimer) return;  // the line shows the progress
   if ([_folder problem]) {
-    [self setMessage:[NSString stringWithFormat:@"%s: %@", [_folder path].c_str(), [_folder problem]]
-             warning:YES];
+    [self
+        setMessage:[NSString stringWithFormat:@"%s: %@", [_folder path].c_str(), [_folder problem]]
+           warning:YES];
     return;
   }
   NSIndexSet *selected = [_grid selectedItemIndexes];
   const int count = static_cast<int>([_items count]);
-  NSString *folder = [[NSString stringWithUTF8String:[_folder path].c_str()]
-      stringByAbbreviatingWithTildeInPath];
+  NSString *folder =
+      [[NSString stringWithUTF8String:[_folder path].c_str()] stringByAbbreviatingWithTildeInPath];
   if ([selected count] == 0) {
     [self setMessage:[NSString stringWithFormat:@"%d %@ in %@", count,
                                                 count == 1 ? @"picture" : @"pictures", folder]
@@ -278,7 +292,8 @@ static const std::size_t kThumbnailMemory = 96 << 20;
     return;
   }
   std::int64_t bytes = 0;
-  for (NSUInteger i = [selected firstIndex]; i != NSNotFound; i = [selected indexGreaterThanIndex:i]) {
+  for (NSUInteger i = [selected firstIndex]; i != NSNotFound;
+       i = [selected indexGreaterThanIndex:i]) {
     bytes += [[self itemAtIndex:i] size];
   }
   [self setMessage:[NSString stringWithFormat:@"%d of %d selected, %@",
@@ -290,22 +305,28 @@ static const std::size_t kThumbnailMemory = 96 << 20;
 - (NSArray *)statusLines {
   NSMutableArray *lines = [NSMutableArray array];
   [lines addObject:[NSString stringWithFormat:@"items=%d", static_cast<int>([_items count])]];
-  [lines addObject:[NSString stringWithFormat:@"columns=%d", static_cast<int>([_grid numberOfColumns])]];
-  [lines addObject:[NSString stringWithFormat:@"loading=%d", static_cast<int>([_cache outstanding])]];
-  [lines addObject:[NSString stringWithFormat:@"scrolled=%d",
-                                              static_cast<int>(NSMinY([_scroll documentVisibleRect]))]];
+  [lines addObject:[NSString
+                       stringWithFormat:@"columns=%d", static_cast<int>([_grid numberOfColumns])]];
+  [lines
+      addObject:[NSString stringWithFormat:@"loading=%d", static_cast<int>([_cache outstanding])]];
+  [lines addObject:[NSString stringWithFormat:@"scrolled=%d", static_cast<int>(NSMinY(
+                                                                  [_scroll documentVisibleRect]))]];
+  [lines addObject:[NSString stringWithFormat:@"drop=%d", _dropProposed]];
   PictureItem *edited = [self itemAtIndex:[_grid editedItemIndex]];
   [lines addObject:[@"editing=" stringByAppendingString:edited ? [edited name] : @""]];
   [lines addObject:GalleryStatusLine(@"grid", _grid, [_grid visibleRect], @"")];
   NSIndexSet *visible = [_grid itemIndexesAtColumns:[_grid columnsInRect:[_grid visibleRect]]
                                                rows:[_grid rowsInRect:[_grid visibleRect]]];
-  for (NSUInteger i = [visible firstIndex]; i != NSNotFound; i = [visible indexGreaterThanIndex:i]) {
+  for (NSUInteger i = [visible firstIndex]; i != NSNotFound;
+       i = [visible indexGreaterThanIndex:i]) {
     if (PictureItem *item = [self itemAtIndex:i]) {
-      [lines addObject:GalleryStatusLine(@"item", _grid, [_grid frameOfCellAtItemIndex:i], [item name])];
+      [lines addObject:GalleryStatusLine(@"item", _grid, [_grid frameOfCellAtItemIndex:i],
+                                         [item name])];
     }
   }
   NSIndexSet *selected = [_grid selectedItemIndexes];
-  for (NSUInteger i = [selected firstIndex]; i != NSNotFound; i = [selected indexGreaterThanIndex:i]) {
+  for (NSUInteger i = [selected firstIndex]; i != NSNotFound;
+       i = [selected indexGreaterThanIndex:i]) {
     if (PictureItem *item = [self itemAtIndex:i]) {
       [lines addObject:[@"selected=" stringByAppendingString:[item name]]];
     }

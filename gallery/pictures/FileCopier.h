@@ -33,7 +33,7 @@ class FileCopier {
     std::string error;  // why, as the system says it; empty when it did not
   };
   struct Progress {
-    int files = 0;      // not finished yet
+    int files = 0;        // not finished yet
     double fraction = 1;  // of the bytes asked for since the copier was last idle
   };
 

@@ -4,13 +4,13 @@
 #import "pictures/ThumbnailCache.h"
 #import "shell/GalleryStyle.h"
 
-static const CGFloat kSide = 14;         // between the cell's edge and the box
+static const CGFloat kSide = 14;  // between the cell's edge and the box
 static const CGFloat kTop = 12;
-static const CGFloat kNameGap = 7;       // between the box and the name
+static const CGFloat kNameGap = 7;  // between the box and the name
 static const CGFloat kNameHeight = 18;
 static const CGFloat kBottom = 7;
-static const CGFloat kPrintBorder = 4;   // the white edge of the print
-static const int kThumbnailStep = 24;    // thumbnails are made for every so many points
+static const CGFloat kPrintBorder = 4;  // the white edge of the print
+static const int kThumbnailStep = 24;   // thumbnails are made for every so many points
 
 @implementation PictureCell
 
@@ -20,7 +20,8 @@ static const int kThumbnailStep = 24;    // thumbnails are made for every so man
 }
 
 + (NSSize)cellSizeForWidth:(CGFloat)width {
-  return NSMakeSize(width, kTop + [self boxForWidth:width].height + kNameGap + kNameHeight + kBottom);
+  return NSMakeSize(width,
+                    kTop + [self boxForWidth:width].height + kNameGap + kNameHeight + kBottom);
 }
 
 // Rounded up, so that a slider does not have every picture read again at every point.
@@ -124,8 +125,8 @@ static void drawSoftShadow(NSRect print) {
   CGFloat scale = MIN(NSWidth(inner) / size.width, NSHeight(inner) / size.height);
   // A small picture keeps its size; the thumbnail of another cell size is scaled meanwhile.
   const NSSize natural = [_cache pixelSizeOfItem:[self item]];
-  if (natural.width > 0) scale = MIN(scale, MAX(natural.width, natural.height) /
-                                                MAX(size.width, size.height));
+  if (natural.width > 0)
+    scale = MIN(scale, MAX(natural.width, natural.height) / MAX(size.width, size.height));
   const CGFloat width = MAX(1, round(size.width * scale));
   const CGFloat height = MAX(1, round(size.height * scale));
   const NSRect picture = NSMakeRect(floor(NSMidX(inner) - width / 2),
@@ -135,11 +136,11 @@ static void drawSoftShadow(NSRect print) {
   [[NSColor whiteColor] set];
   NSRectFill(print);
   [image drawInRect:picture
-           fromRect:NSZeroRect
-          operation:NSCompositeSourceOver
-           fraction:1
-     respectFlipped:YES
-              hints:nil];
+            fromRect:NSZeroRect
+           operation:NSCompositeSourceOver
+            fraction:1
+      respectFlipped:YES
+               hints:nil];
 }
 
 // A grey sheet with a dog-ear and a crack, drawn in a flipped view.
@@ -180,15 +181,24 @@ static void drawSoftShadow(NSRect print) {
     const CGFloat width =
         ceil([name sizeWithAttributes:@{NSFontAttributeName : [self font]}].width) + 12;
     [GalleryAccentColor() set];
-    [GalleryRoundedPath(NSMakeRect(floor(NSMidX(rect) - width / 2), NSMinY(rect), width,
-                                   NSHeight(rect)),
-                        NSHeight(rect) / 2) fill];
+    [GalleryRoundedPath(
+        NSMakeRect(floor(NSMidX(rect) - width / 2), NSMinY(rect), width, NSHeight(rect)),
+        NSHeight(rect) / 2) fill];
     color = [NSColor whiteColor];
   }
   GalleryDrawText(name, rect, [self font], color, NSCenterTextAlignment);
 }
 
 #pragma mark Editing
+
+- (NSText *)setUpFieldEditorAttributes:(NSText *)text {
+  NSText *editor = [super setUpFieldEditorAttributes:text];
+  [editor setDrawsBackground:YES];
+  [editor setBackgroundColor:[NSColor whiteColor]];
+  [editor setFont:[self font]];
+  [editor setAlignment:NSCenterTextAlignment];
+  return editor;
+}
 
 // Only the stem is edited: the extension says what the file is, and stays.
 - (void)editWithFrame:(NSRect)frame
@@ -198,8 +208,6 @@ static void drawSoftShadow(NSRect print) {
                 event:(NSEvent *)event {
   PictureItem *item = [self item];
   if (item) [self setStringValue:[item stem]];
-  [editor setDrawsBackground:YES];
-  [editor setBackgroundColor:[NSColor whiteColor]];
   [super editWithFrame:NSInsetRect(nameRect(frame), 0, -1)
                 inView:view
                 editor:editor

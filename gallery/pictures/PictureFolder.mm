@@ -68,8 +68,8 @@ static void listBelow(std::vector<std::string> folders, int levels, std::vector<
 }
 
 static NSComparisonResult byName(id a, id b, void *) {
-  const NSComparisonResult result =
-      [[a name] compare:[b name] options:NSCaseInsensitiveSearch | NSNumericSearch];
+  const NSComparisonResult result = [[a name] compare:[b name]
+                                              options:NSCaseInsensitiveSearch | NSNumericSearch];
   return result != NSOrderedSame ? result : [[a name] compare:[b name]];
 }
 
@@ -120,10 +120,9 @@ static NSComparisonResult byName(id a, id b, void *) {
   NSMutableArray *items = [NSMutableArray array];
   for (const FoundFile &file : files) {
     const struct timespec time = file.info.st_mtim;
-    [items addObject:[[[PictureItem alloc]
-                         initWithPath:file.path
-                             modified:time.tv_sec * 1000000000LL + time.tv_nsec
-                                 size:file.info.st_size] autorelease]];
+    [items addObject:[[[PictureItem alloc] initWithPath:file.path
+                                               modified:time.tv_sec * 1000000000LL + time.tv_nsec
+                                                   size:file.info.st_size] autorelease]];
   }
   [items sortUsingFunction:byName context:nullptr];
   return items;

@@ -24,8 +24,8 @@ static NSString *shortened(NSString *name, NSUInteger kept) {
   NSUInteger head = (kept + 1) / 2, tail = length - kept / 2;
   if (head > 0 && ([name characterAtIndex:head - 1] & 0xFC00) == 0xD800) --head;
   if (tail < length && ([name characterAtIndex:tail] & 0xFC00) == 0xDC00) ++tail;
-  return [NSString stringWithFormat:@"%@\u2026%@", [name substringToIndex:head],
-                                    [name substringFromIndex:tail]];
+  return [NSString
+      stringWithFormat:@"%@\u2026%@", [name substringToIndex:head], [name substringFromIndex:tail]];
 }
 
 @implementation PictureItem

@@ -45,9 +45,10 @@ static NSString *stringOf(const std::string &bytes) {
 
   const int error = gallery::renameWithoutReplacing(path, folder + name);
   if (error == EEXIST) {
-    return [self refuseName:[item name]
-                    because:[NSString stringWithFormat:@"There is already a file named \u201c%@\u201d.",
-                                                       stringOf(name)]];
+    return [self
+        refuseName:[item name]
+           because:[NSString stringWithFormat:@"There is already a file named \u201c%@\u201d.",
+                                              stringOf(name)]];
   }
   if (error) return [self refuseName:[item name] because:stringOf(std::strerror(error))];
   NSMutableSet *selected = [[[self selectedPaths] mutableCopy] autorelease];
@@ -64,7 +65,8 @@ static NSString *stringOf(const std::string &bytes) {
 
 - (NSArray *)pathsAtIndexes:(NSIndexSet *)indexes {
   NSMutableArray *paths = [NSMutableArray array];
-  for (NSUInteger i = [indexes firstIndex]; i != NSNotFound; i = [indexes indexGreaterThanIndex:i]) {
+  for (NSUInteger i = [indexes firstIndex]; i != NSNotFound;
+       i = [indexes indexGreaterThanIndex:i]) {
     // A name that is not UTF-8 cannot be told to another program.
     if (NSString *path = [[self itemAtIndex:i] pathString]) [paths addObject:path];
   }
@@ -107,13 +109,17 @@ static NSString *stringOf(const std::string &bytes) {
   if (index != NSNotFound || [info draggingSource] == grid) return NSDragOperationNone;
   NSPasteboard *pasteboard = [info draggingPasteboard];
   if (![[pasteboard types] containsObject:NSFilenamesPboardType]) return NSDragOperationNone;
-  return [info draggingSourceOperationMask] & NSDragOperationCopy;
+  const NSDragOperation operation = [info draggingSourceOperationMask] & NSDragOperationCopy;
+  _dropProposed = operation != NSDragOperationNone;
+  [self changed];
+  return operation;
 }
 
 - (BOOL)matrixView:(HXMatrixView *)grid
         acceptDrop:(id<NSDraggingInfo>)info
          itemIndex:(NSUInteger)index {
   (void)grid, (void)index;
+  _dropProposed = NO;
   id paths = [[info draggingPasteboard] propertyListForType:NSFilenamesPboardType];
   if (![paths isKindOfClass:[NSArray class]]) return NO;
   [self copyFilesIn:paths];
@@ -137,7 +143,8 @@ static NSString *stringOf(const std::string &bytes) {
     if (PictureIsPictureName(name)) {
       _copier->add({[path fileSystemRepresentation], [_folder path]});
     } else {
-      [_copyProblems addObject:[NSString stringWithFormat:@"\u201c%@\u201d is not a picture.", name]];
+      [_copyProblems
+          addObject:[NSString stringWithFormat:@"\u201c%@\u201d is not a picture.", name]];
     }
   }
   if (_progressTimer) return;
@@ -156,8 +163,8 @@ static NSString *stringOf(const std::string &bytes) {
       [_copiedNames addObject:stringOf(result.job.folder + "/" + result.name)];
     } else {
       NSString *name = [stringOf(result.job.source) lastPathComponent];
-      [_copyProblems addObject:[NSString stringWithFormat:@"\u201c%@\u201d was not copied: %@.", name,
-                                                          stringOf(result.error)]];
+      [_copyProblems addObject:[NSString stringWithFormat:@"\u201c%@\u201d was not copied: %@.",
+                                                          name, stringOf(result.error)]];
     }
   }
   if (progress.files > 0) {
@@ -179,8 +186,8 @@ static NSString *stringOf(const std::string &bytes) {
     [self showFolderSelectingPaths:[NSSet setWithArray:_copiedNames]];
     [_grid scrollItemToVisible:[[_grid selectedItemIndexes] firstIndex]];
   }
-  NSString *copied = [NSString stringWithFormat:@"%d %@ copied.", count,
-                                                count == 1 ? @"picture" : @"pictures"];
+  NSString *copied =
+      [NSString stringWithFormat:@"%d %@ copied.", count, count == 1 ? @"picture" : @"pictures"];
   NSMutableArray *sentences = [NSMutableArray arrayWithObject:copied];
   [sentences addObjectsFromArray:_copyProblems];
   const BOOL failed = [_copyProblems count] > 0;
@@ -203,7 +210,9 @@ static NSString *stringOf(const std::string &bytes) {
     [menu addItemWithTitle:@"Open" action:@selector(openPicture:) keyEquivalent:@""];
     [menu addItemWithTitle:@"Rename" action:@selector(renamePicture:) keyEquivalent:@""];
     [menu addItemWithTitle:@"Copy Path" action:@selector(copyPath:) keyEquivalent:@""];
-    [menu addItemWithTitle:@"Show in File Viewer" action:@selector(revealPicture:) keyEquivalent:@""];
+    [menu addItemWithTitle:@"Show in File Viewer"
+                    action:@selector(revealPicture:)
+             keyEquivalent:@""];
     [menu addItem:[NSMenuItem separatorItem]];
   }
   [menu addItemWithTitle:@"Select All" action:@selector(selectEverything:) keyEquivalent:@""];
@@ -237,7 +246,8 @@ static NSString *stringOf(const std::string &bytes) {
   PictureItem *item = [self itemAtIndex:_menuIndex];
   NSString *path = [item pathString];
   if (path && [[NSWorkspace sharedWorkspace] openFile:path]) return;
-  [self setMessage:[NSString stringWithFormat:@"No application could open \u201c%@\u201d.", [item name]]
+  [self setMessage:[NSString
+                       stringWithFormat:@"No application could open \u201c%@\u201d.", [item name]]
            warning:YES];
 }
 

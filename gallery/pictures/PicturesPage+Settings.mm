@@ -32,13 +32,13 @@ static NSArray *namesOf(const NamedColor (&colors)[N]) {
 
 - (void)addLayout:(GallerySettings *)settings {
   [settings addColumn:@"Layout"];
-  [settings addPopUp:@"Class"
-              titles:@[ @"HXMatrixView", @"OvMatrixView" ]
-            selected:0
-             changed:[self](NSInteger index) {
-               [self useGridOfClass:index == 0 ? [PictureGrid class]
-                                               : [PictureGridWithOtherRules class]];
-             }];
+  [settings
+      addPopUp:@"Class"
+        titles:@[ @"HXMatrixView", @"OvMatrixView" ]
+      selected:0
+       changed:[self](NSInteger index) {
+         [self useGridOfClass:index == 0 ? [PictureGrid class] : [PictureGridWithOtherRules class]];
+       }];
   [settings addPopUp:@"Fills"
               titles:@[ @"the width", @"the height" ]
             selected:0

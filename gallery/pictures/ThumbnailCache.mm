@@ -14,7 +14,7 @@ namespace {
 
 struct Entry {
   gallery::ThumbnailKey key;
-  NSImage *image = nil;  // retained
+  NSImage *image = nil;     // retained
   NSString *problem = nil;  // retained
   NSSize pixelSize = NSZeroSize;
   std::size_t bytes = 0;
@@ -39,7 +39,9 @@ NSImage *newImage(const gallery::Bitmap &bitmap) {
 }
 
 gallery::ThumbnailKey keyOf(PictureItem *item, NSSize box) {
-  return {[item path], [item modified], static_cast<int>(std::lround(box.width)),
+  return {[item path],
+          [item modified],
+          static_cast<int>(std::lround(box.width)),
           static_cast<int>(std::lround(box.height))};
 }
 

@@ -16,10 +16,10 @@ struct Bitmap {
 };
 
 struct Thumbnail {
-  Bitmap bitmap;           // empty when the file could not be read
-  int pictureWidth = 0;    // of the picture itself; 0 when the file does not tell
+  Bitmap bitmap;         // empty when the file could not be read
+  int pictureWidth = 0;  // of the picture itself; 0 when the file does not tell
   int pictureHeight = 0;
-  std::string problem;     // why there is no bitmap, as a sentence
+  std::string problem;  // why there is no bitmap, as a sentence
 };
 
 // Reads a picture, shrunk to fit into a box (never enlarged). Safe on any thread. Files and

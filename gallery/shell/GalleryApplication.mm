@@ -7,6 +7,7 @@
 #import "shell/GalleryPage.h"
 #import "shell/GallerySnapshot.h"
 #import "shell/GalleryStatusFile.h"
+#import "shell/GalleryStyle.h"
 #import "shell/GalleryWindow.h"
 
 // Longer than every page's own limit together: a snapshot run ends, whatever happens.
@@ -77,15 +78,19 @@ static void handleSignal(int number, void (*handler)(int)) {
   ]];
 }
 
+// -terminate: would first wait for the end of a drag, or of an open menu.
 - (void)signalCame:(NSNotification *)notification {
-  (void)notification;
-  [NSApp terminate:self];
+  [self applicationWillTerminate:notification];
+  [[NSUserDefaults standardUserDefaults] synchronize];
+  exit(0);
 }
 
 - (void)applicationWillFinishLaunching:(NSNotification *)notification {
   (void)notification;
+  GalleryLightenPlatform();
   _window = [[GalleryWindow alloc] initWithPages:[GalleryPage makePages]];
   GalleryInstallMenus([_window pages], _window);
+  [[_window window] setMenu:[NSApp mainMenu]];
 }
 
 - (void)applicationDidFinishLaunching:(NSNotification *)notification {
@@ -120,7 +125,7 @@ static void handleSignal(int number, void (*handler)(int)) {
 
 - (void)applicationWillTerminate:(NSNotification *)notification {
   (void)notification;
-  [[_window page] willHide];
+  [[_window pages] makeObjectsPerformSelector:@selector(close)];
 }
 
 @end

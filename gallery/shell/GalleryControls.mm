@@ -40,8 +40,8 @@ static void strokeLine(NSPoint a, NSPoint b, NSPoint c, CGFloat width, NSColor *
                   NSLeftTextAlignment);
   [NSGraphicsContext restoreGraphicsState];
   const CGFloat x = NSMaxX(frame) - 13, y = NSMidY(frame), s = [view isFlipped] ? 1 : -1;
-  strokeLine(NSMakePoint(x - 4, y - 2 * s), NSMakePoint(x, y + 2 * s), NSMakePoint(x + 4, y - 2 * s),
-             1.5, GalleryQuietTextColor());
+  strokeLine(NSMakePoint(x - 4, y - 2 * s), NSMakePoint(x, y + 2 * s),
+             NSMakePoint(x + 4, y - 2 * s), 1.5, GalleryQuietTextColor());
 }
 
 @end
@@ -187,10 +187,10 @@ static const CGFloat kKnobSize = 14;
   self = [super initWithFrame:frame];
   if (!self) return nil;
   // The platform makes scrollers of its own class unless there are some already.
-  [self setVerticalScroller:[[[GalleryScroller alloc]
-                                initWithFrame:NSMakeRect(0, 0, 18, 100)] autorelease]];
-  [self setHorizontalScroller:[[[GalleryScroller alloc]
-                                  initWithFrame:NSMakeRect(0, 0, 100, 18)] autorelease]];
+  [self setVerticalScroller:[[[GalleryScroller alloc] initWithFrame:NSMakeRect(0, 0, 18, 100)]
+                                autorelease]];
+  [self setHorizontalScroller:[[[GalleryScroller alloc] initWithFrame:NSMakeRect(0, 0, 100, 18)]
+                                  autorelease]];
   [self setAutohidesScrollers:YES];
   [self setHasVerticalScroller:YES];
   [self setHasHorizontalScroller:YES];

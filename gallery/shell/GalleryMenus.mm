@@ -30,13 +30,14 @@ void GalleryInstallMenus(NSArray *pages, id controller) {
   NSMenu *view = addMenu(bar, @"View");
   NSInteger number = 0;
   for (GalleryPage *page in pages) {
-    NSString *key = number < 9 ? [NSString stringWithFormat:@"%d", static_cast<int>(number + 1)]
-                               : @"";
+    NSString *key =
+        number < 9 ? [NSString stringWithFormat:@"%d", static_cast<int>(number + 1)] : @"";
     id<NSMenuItem> item = [view addItemWithTitle:[[page class] title]
-                                       action:@selector(showPageFromMenu:)
-                                keyEquivalent:key];
+                                          action:@selector(showPageFromMenu:)
+                                   keyEquivalent:key];
     [item setTarget:controller];
     [item setTag:number++];
   }
   [NSApp setMainMenu:bar];
+  [[bar itemAtIndex:0] setImage:nil];  // the platform's own, when the program has none
 }

@@ -50,6 +50,8 @@ extern NSString *const GalleryPageDidChangeNotification;
 // The page has come into the window, or is about to leave it.
 - (void)didShow;
 - (void)willHide;
+// The program ends: stop what runs in the background.
+- (void)close;
 // The view that should have the keyboard; the page's view by default.
 - (NSView *)keyView;
 // Whether everything that loads by itself is there. YES by default.

@@ -77,6 +77,9 @@ static std::vector<Class> &pageClasses() {
 - (void)willHide {
 }
 
+- (void)close {
+}
+
 - (NSView *)keyView {
   return [self view];
 }

@@ -70,8 +70,8 @@ static const CGFloat kRows = 5;
   NSTextField *label = GalleryLabel(text, GalleryFont(11), GalleryTextColor());
   [label setAlignment:NSRightTextAlignment];
   const CGFloat height = NSHeight([label frame]);
-  [label setFrame:NSMakeRect(_columnX, _rowY + floor((kRowHeight - height) / 2), kLabelWidth,
-                             height)];
+  [label
+      setFrame:NSMakeRect(_columnX, _rowY + floor((kRowHeight - height) / 2), kLabelWidth, height)];
   [self addSubview:label];
   const NSRect frame =
       NSMakeRect(_columnX + kLabelWidth + 8, _rowY + 2, kControlWidth, kRowHeight - 4);
@@ -87,9 +87,9 @@ static const CGFloat kRows = 5;
                                                     pullsDown:NO] autorelease];
   [popUp addItemsWithTitles:titles];
   [popUp selectItemAtIndex:index];
-  [self target:popUp changed:[changed = std::move(changed)](id sender) {
-    changed([sender indexOfSelectedItem]);
-  }];
+  [self
+       target:popUp
+      changed:[changed = std::move(changed)](id sender) { changed([sender indexOfSelectedItem]); }];
   return popUp;
 }
 
@@ -104,15 +104,12 @@ static const CGFloat kRows = 5;
   [slider setMaxValue:most];
   [slider setDoubleValue:value];
   [slider setContinuous:YES];
-  [self target:slider changed:[changed = std::move(changed)](id sender) {
-    changed(round([sender doubleValue]));
-  }];
+  [self target:slider
+       changed:[changed = std::move(changed)](id sender) { changed(round([sender doubleValue])); }];
   return slider;
 }
 
-- (NSButton *)addCheckBox:(NSString *)label
-                       on:(BOOL)on
-                  changed:(std::function<void(BOOL)>)changed {
+- (NSButton *)addCheckBox:(NSString *)label on:(BOOL)on changed:(std::function<void(BOOL)>)changed {
   const NSRect frame =
       NSMakeRect(_columnX + 2, _rowY + 2, kLabelWidth + kControlWidth, kRowHeight - 4);
   _rowY += kRowHeight;
@@ -120,9 +117,8 @@ static const CGFloat kRows = 5;
   [box setButtonType:NSSwitchButton];
   [box setTitle:label];
   [box setState:on ? NSOnState : NSOffState];
-  [self target:box changed:[changed = std::move(changed)](id sender) {
-    changed([sender state] == NSOnState);
-  }];
+  [self target:box
+       changed:[changed = std::move(changed)](id sender) { changed([sender state] == NSOnState); }];
   return box;
 }
 

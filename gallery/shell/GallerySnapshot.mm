@@ -45,7 +45,8 @@ BOOL GalleryWriteSnapshots(GalleryWindow *window, NSString *directory) {
     [window showPage:page];
     waitUntilSettled(page);
     NSString *file = [[[page class] name] stringByAppendingPathExtension:@"png"];
-    if (!writeView([[window window] contentView], [directory stringByAppendingPathComponent:file])) {
+    if (!writeView([[window window] contentView],
+                   [directory stringByAppendingPathComponent:file])) {
       written = NO;
     }
   }

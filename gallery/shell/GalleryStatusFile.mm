@@ -14,7 +14,8 @@
   for (NSString *name in @[
          GalleryPageDidChangeNotification, NSWindowDidMoveNotification,
          NSWindowDidResizeNotification, NSWindowDidBecomeKeyNotification,
-         NSWindowDidResignKeyNotification
+         NSWindowDidResignKeyNotification, NSApplicationDidBecomeActiveNotification,
+         NSApplicationDidResignActiveNotification
        ]) {
     [center addObserver:self selector:@selector(somethingChanged:) name:name object:nil];
   }
@@ -37,15 +38,15 @@
   [self performSelector:@selector(write)
              withObject:nil
              afterDelay:0
-                inModes:@[ NSDefaultRunLoopMode, NSEventTrackingRunLoopMode,
-                           NSModalPanelRunLoopMode ]];
+                inModes:@[
+                  NSDefaultRunLoopMode, NSEventTrackingRunLoopMode, NSModalPanelRunLoopMode
+                ]];
 }
 
 - (void)write {
   NSMutableString *text = [NSMutableString string];
   for (NSString *line in [_window statusLines]) {
-    [text appendFormat:@"%@\n", [line stringByReplacingOccurrencesOfString:@"\n"
-                                                                withString:@" "]];
+    [text appendFormat:@"%@\n", [line stringByReplacingOccurrencesOfString:@"\n" withString:@" "]];
   }
   // Atomically: a reader sees the old file or the new one.
   if (![text writeToFile:_path atomically:YES encoding:NSUTF8StringEncoding error:NULL]) {

@@ -18,6 +18,10 @@ NSColor *GalleryQuietTextColor();
 NSColor *GalleryAccentColor();
 NSColor *GalleryWarningColor();
 
+// Gives the platform's own controls and menus, which are dark grey, the gallery's colours.
+// Only for this program.
+void GalleryLightenPlatform();
+
 NSFont *GalleryFont(CGFloat size);
 NSFont *GalleryBoldFont(CGFloat size);
 

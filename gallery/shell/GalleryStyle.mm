@@ -16,6 +16,31 @@ NSColor *GalleryQuietTextColor() { return GalleryColor(0x667085); }
 NSColor *GalleryAccentColor() { return GalleryColor(0x2F6FDE); }
 NSColor *GalleryWarningColor() { return GalleryColor(0xB42318); }
 
+void GalleryLightenPlatform() {
+  NSColorList *list = [NSColorList colorListNamed:@"System"];
+  NSDictionary *colors = @{
+    @"controlBackgroundColor" : GalleryWindowColor(),
+    @"controlColor" : GalleryWindowColor(),
+    @"windowBackgroundColor" : GalleryWindowColor(),
+    @"controlShadowColor" : GalleryLineColor(),
+    @"controlDarkShadowColor" : GalleryColor(0xB6BECB),
+    // White by default, which would make a rubber band on white invisible.
+    @"selectedControlColor" : GalleryAccentColor(),
+    @"selectedMenuItemColor" : GalleryAccentColor(),
+    @"selectedMenuItemTextColor" : [NSColor whiteColor],
+    @"selectedTextBackgroundColor" : GalleryColor(0xC9DBFA),
+    @"toolTipColor" : GalleryColor(0xFFFDF2),
+  };
+  @try {
+    for (NSString *name in colors) [list setColor:[colors objectForKey:name] forKey:name];
+  } @catch (NSException *exception) {
+    NSLog(@"The system's colours stay as they are: %@",
+          [exception reason]);  // a list of the user's
+  }
+  [[NSNotificationCenter defaultCenter] postNotificationName:NSSystemColorsDidChangeNotification
+                                                      object:nil];
+}
+
 NSFont *GalleryFont(CGFloat size) { return [NSFont systemFontOfSize:size]; }
 NSFont *GalleryBoldFont(CGFloat size) { return [NSFont boldSystemFontOfSize:size]; }
 

@@ -33,12 +33,11 @@ static const CGFloat kSidebarWidth = 196;
   self = [super init];
   if (!self) return nil;
   _pages = [pages retain];
-  _window = [[NSWindow alloc]
-      initWithContentRect:NSMakeRect(100, 100, 1180, 780)
-                styleMask:NSTitledWindowMask | NSClosableWindowMask | NSMiniaturizableWindowMask |
-                          NSResizableWindowMask
-                  backing:NSBackingStoreBuffered
-                    defer:NO];
+  _window = [[NSWindow alloc] initWithContentRect:NSMakeRect(100, 100, 1180, 780)
+                                        styleMask:NSTitledWindowMask | NSClosableWindowMask |
+                                                  NSMiniaturizableWindowMask | NSResizableWindowMask
+                                          backing:NSBackingStoreBuffered
+                                            defer:NO];
   [_window setReleasedWhenClosed:NO];
   [_window setTitle:@"Gallery"];
   [_window setMinSize:NSMakeSize(1180, 560)];
@@ -162,8 +161,8 @@ static const CGFloat kSidebarWidth = 196;
 
 - (void)pageDidChange:(NSNotification *)notification {
   if ([notification object] != _page) return;
-  [_message setTextColor:[_page messageIsWarning] ? GalleryWarningColor()
-                                                  : GalleryQuietTextColor()];
+  [_message
+      setTextColor:[_page messageIsWarning] ? GalleryWarningColor() : GalleryQuietTextColor()];
   [_message setStringValue:[_page message]];
   [_message setNeedsDisplay:YES];
 }
@@ -173,12 +172,13 @@ static const CGFloat kSidebarWidth = 196;
   [lines addObject:[@"page=" stringByAppendingString:[[_page class] name]]];
   [lines addObject:[@"message=" stringByAppendingString:[_page message]]];
   [lines addObject:[NSString stringWithFormat:@"warning=%d", [_page messageIsWarning]]];
-  [lines addObject:[NSString stringWithFormat:@"key=%d", [_window isKeyWindow]]];
+  [lines
+      addObject:[NSString stringWithFormat:@"key=%d", [_window isKeyWindow] && [NSApp isActive]]];
   [lines addObject:GalleryStatusLine(@"window", _root, [_root bounds], @"")];
   NSInteger row = 0;
   for (GalleryPage *page in _pages) {
-    [lines addObject:GalleryStatusLine(@"row", _list, [_list rectOfRow:row++],
-                                       [[page class] name])];
+    [lines
+        addObject:GalleryStatusLine(@"row", _list, [_list rectOfRow:row++], [[page class] name])];
   }
   [lines addObjectsFromArray:[_page statusLines]];
   return lines;

@@ -36,6 +36,11 @@ void movePointer(int x, int y) {
   XSync(display(), False);
 }
 
+void movePointerBy(int dx, int dy) {
+  XTestFakeRelativeMotionEvent(display(), dx, dy, CurrentTime);
+  XSync(display(), False);
+}
+
 void pressButton(int number) { button(number, true); }
 void releaseButton(int number) { button(number, false); }
 void pressKey(const char* name) { key(name, true); }

@@ -8,6 +8,7 @@ namespace ov::test::xtest {
 bool isAvailable();
 
 void movePointer(int x, int y);
+void movePointerBy(int dx, int dy);
 void pressButton(int button = 1);
 void releaseButton(int button = 1);
 // A key by its X11 name: "a", "Return", "Shift_L".

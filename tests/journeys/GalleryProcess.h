@@ -1,0 +1,88 @@
+// The gallery as a process of its own, driven with the real pointer and keyboard, and seen
+// through its status file and the files on disk.
+
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#import "LiveTest.h"
+
+namespace ov::test {
+
+// In pixels from the top left of the screen.
+struct ScreenRect {
+  int x = 0;
+  int y = 0;
+  int width = 0;
+  int height = 0;
+  int midX() const { return x + width / 2; }
+  int midY() const { return y + height / 2; }
+};
+
+// What the gallery's window shows.
+struct GalleryState {
+  std::map<std::string, std::string> values;
+  std::map<std::string, ScreenRect> items;  // the visible ones
+  std::map<std::string, ScreenRect> rows;   // of the page list
+  ScreenRect grid;                          // its visible part
+  ScreenRect window;                        // its content
+  std::vector<std::string> selected;
+
+  std::string value(const std::string &key) const;
+  int number(const std::string &key) const;
+};
+
+class GalleryJourney : public LiveTest {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  // A folder of this test's own with generated pictures p00.png, p01.png, …
+  void makePictures(int count);
+  const std::filesystem::path &folder() const { return folder_; }
+  std::filesystem::path statusFile() const { return root_ / "status"; }
+  std::filesystem::path root() const { return root_; }
+
+  // Starts the gallery on the folder and waits for its window.
+  void start(const std::vector<std::string> &more = {});
+  // Runs it to its end and answers its exit status.
+  int run(const std::vector<std::string> &arguments);
+  // The exit status of the running gallery, once it ends by itself.
+  int waitForExit();
+  void sendSignal(int number);
+
+  GalleryState state() const;
+  // Waits until the state is as described; the test fails if that does not come about.
+  bool waitFor(const std::string &what, const std::function<bool(const GalleryState &)> &is);
+  bool waitForSelection(const std::vector<std::string> &names);
+
+  // With modifier keys by their X11 names held down.
+  void clickAt(int x, int y, const std::vector<const char *> &modifiers = {}, int clicks = 1);
+  void clickItem(const std::string &name, const std::vector<const char *> &modifiers = {},
+                 int clicks = 1);
+  void typeKeys(const std::vector<const char *> &keys,
+                const std::vector<const char *> &modifiers = {});
+  // Moves the pointer there in a few steps, as a hand does.
+  void glide(int fromX, int fromY, int toX, int toY);
+
+  void nudgePointer();
+
+  std::vector<std::string> filesInFolder() const;
+
+ private:
+  void bringToFront();
+  void launch(const std::vector<std::string> &arguments);
+
+  std::filesystem::path root_;
+  std::filesystem::path folder_;
+  NSTask *task_ = nil;
+  int nudge_ = 1;
+};
+
+}  // namespace ov::test

@@ -1,0 +1,247 @@
+#import "GalleryProcess.h"
+
+#include <signal.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "Supervisor.h"
+#include "XTest.h"
+
+namespace ov::test {
+
+namespace fs = std::filesystem;
+
+static constexpr double kLimit = 20;
+static constexpr double kNudgeInterval = 0.4;
+
+std::string GalleryState::value(const std::string &key) const {
+  const auto found = values.find(key);
+  return found == values.end() ? std::string() : found->second;
+}
+
+int GalleryState::number(const std::string &key) const { return std::atoi(value(key).c_str()); }
+
+static ScreenRect parseRect(std::istream &in, std::string *name) {
+  ScreenRect rect;
+  in >> rect.x >> rect.y >> rect.width >> rect.height;
+  in.get();
+  if (name) std::getline(in, *name);
+  return rect;
+}
+
+static void parseLine(GalleryState &state, const std::string &line) {
+  const auto equals = line.find('=');
+  if (equals == line.npos) return;
+  const std::string key = line.substr(0, equals), value = line.substr(equals + 1);
+  std::istringstream in(value);
+  std::string name;
+  if (key == "item" || key == "row") {
+    const ScreenRect rect = parseRect(in, &name);
+    (key == "item" ? state.items : state.rows)[name] = rect;
+  } else if (key == "grid") {
+    state.grid = parseRect(in, nullptr);
+  } else if (key == "window") {
+    state.window = parseRect(in, nullptr);
+  } else if (key == "selected") {
+    state.selected.push_back(value);
+  } else {
+    state.values[key] = value;
+  }
+}
+
+void GalleryJourney::SetUp() {
+  LiveTest::SetUp();
+  ASSERT_TRUE(xtest::isAvailable());
+  const auto *info = ::testing::UnitTest::GetInstance()->current_test_info();
+  root_ = fs::path(privateFolder()) / (std::string("gallery-") + info->name());
+  folder_ = root_ / "pictures";
+  fs::create_directories(folder_);
+}
+
+void GalleryJourney::TearDown() {
+  if (task_) {
+    [task_ terminate];
+    EXPECT_EQ(waitForExit(), 0) << "when told to end";
+  }
+  LiveTest::TearDown();
+}
+
+static void writePicture(const fs::path &path, int number) {
+  NSBitmapImageRep *rep =
+      [[[NSBitmapImageRep alloc] initWithBitmapDataPlanes:NULL
+                                               pixelsWide:60
+                                               pixelsHigh:40
+                                            bitsPerSample:8
+                                          samplesPerPixel:3
+                                                 hasAlpha:NO
+                                                 isPlanar:NO
+                                           colorSpaceName:NSCalibratedRGBColorSpace
+                                              bytesPerRow:180
+                                             bitsPerPixel:24] autorelease];
+  unsigned char *bytes = [rep bitmapData];
+  for (int i = 0; i < 60 * 40; ++i) {
+    bytes[3 * i] = static_cast<unsigned char>(40 + number * 37 % 200);
+    bytes[3 * i + 1] = static_cast<unsigned char>(i % 256);
+    bytes[3 * i + 2] = 120;
+  }
+  NSData *data = [rep representationUsingType:NSPNGFileType properties:@{}];
+  [data writeToFile:[NSString stringWithUTF8String:path.c_str()] atomically:NO];
+}
+
+void GalleryJourney::makePictures(int count) {
+  for (int i = 0; i < count; ++i) {
+    const std::string number = std::to_string(i);
+    writePicture(folder_ / ("p" + std::string(number.size() < 2 ? 1 : 0, '0') + number + ".png"),
+                 i);
+  }
+}
+
+// The platform's own class: it waits for every child process that there is, and would take
+// the exit status of one that was started in another way.
+void GalleryJourney::launch(const std::vector<std::string> &arguments) {
+  NSMutableArray *words = [NSMutableArray array];
+  for (const std::string &argument : arguments) {
+    [words addObject:[NSString stringWithUTF8String:argument.c_str()]];
+  }
+  // The keys' meanings do not depend on the machine's.
+  [words addObjectsFromArray:@[
+    @"-GSFirstAlternateKey", @"Alt_L", @"-GSFirstCommandKey", @"Super_L"
+  ]];
+  task_ = [[NSTask alloc] init];
+  [task_ setLaunchPath:@GALLERY_PROGRAM];
+  [task_ setArguments:words];
+  [task_ launch];
+}
+
+void GalleryJourney::start(const std::vector<std::string> &more) {
+  std::vector<std::string> arguments = {"-statusfile", statusFile().string(), folder_.string()};
+  arguments.insert(arguments.end(), more.begin(), more.end());
+  launch(arguments);
+  waitFor("the window is there, with the keyboard, and everything is loaded",
+          [](const GalleryState &s) {
+            return s.value("key") == "1" && s.grid.width > 0 && s.number("loading") == 0;
+          });
+  if (!state().items.empty()) bringToFront();
+}
+
+// The first click in a window that has just come up may do no more than bring it to the
+// front. So an item is clicked until it is selected, and then a place without items.
+void GalleryJourney::bringToFront() {
+  const ScreenRect item = state().items.begin()->second;
+  const bool selected = [&] {
+    for (int i = 0; i < 20; ++i) {
+      clickAt(item.midX(), item.midY());
+      if (pumpUntil([&] { return !state().selected.empty(); }, kNudgeInterval)) return true;
+      nudgePointer();
+    }
+    return false;
+  }();
+  ASSERT_TRUE(selected) << "the gallery takes no clicks";
+  const ScreenRect grid = state().grid;
+  clickAt(item.x + item.width + 4, grid.y + 60);
+  waitForSelection({});
+}
+
+int GalleryJourney::run(const std::vector<std::string> &arguments) {
+  launch(arguments);
+  return waitForExit();
+}
+
+int GalleryJourney::waitForExit() {
+  const bool ended = pumpUntil([&] { return ![task_ isRunning]; }, 60);
+  if (!ended) {
+    ADD_FAILURE() << "the gallery does not end";
+    kill([task_ processIdentifier], SIGKILL);
+    [task_ waitUntilExit];
+  }
+  const int status = [task_ terminationStatus];
+  [task_ release];
+  task_ = nil;
+  return status;
+}
+
+void GalleryJourney::sendSignal(int number) { kill([task_ processIdentifier], number); }
+
+// The platform can leave events that it has read lying until the next one comes; a hand
+// that moves a little, as hands do, brings it.
+void GalleryJourney::nudgePointer() {
+  nudge_ = -nudge_;
+  xtest::movePointerBy(nudge_, 0);
+}
+
+GalleryState GalleryJourney::state() const {
+  GalleryState state;
+  std::ifstream in(statusFile());
+  for (std::string line; std::getline(in, line);) parseLine(state, line);
+  return state;
+}
+
+bool GalleryJourney::waitFor(const std::string &what,
+                             const std::function<bool(const GalleryState &)> &is) {
+  for (double waited = 0; waited < kLimit; waited += kNudgeInterval) {
+    if (pumpUntil([&] { return is(state()); }, kNudgeInterval)) return true;
+    nudgePointer();
+  }
+  std::ifstream in(statusFile());
+  std::ostringstream text;
+  text << in.rdbuf();
+  ADD_FAILURE() << "not seen: " << what << "\n" << text.str();
+  return false;
+}
+
+bool GalleryJourney::waitForSelection(const std::vector<std::string> &names) {
+  std::string all;
+  for (const std::string &name : names) all += name + " ";
+  return waitFor("selected: " + all, [&](const GalleryState &s) { return s.selected == names; });
+}
+
+void GalleryJourney::clickAt(int x, int y, const std::vector<const char *> &modifiers, int clicks) {
+  xtest::movePointer(x, y);
+  for (const char *key : modifiers) xtest::pressKey(key);
+  for (int i = 0; i < clicks; ++i) {
+    xtest::pressButton();
+    xtest::releaseButton();
+  }
+  for (const char *key : modifiers) xtest::releaseKey(key);
+}
+
+void GalleryJourney::clickItem(const std::string &name, const std::vector<const char *> &modifiers,
+                               int clicks) {
+  const auto items = state().items;
+  const auto found = items.find(name);
+  if (found == items.end()) {
+    ADD_FAILURE() << "there is no " << name << " to be seen";
+    return;
+  }
+  clickAt(found->second.midX(), found->second.midY(), modifiers, clicks);
+}
+
+void GalleryJourney::typeKeys(const std::vector<const char *> &keys,
+                              const std::vector<const char *> &modifiers) {
+  for (const char *modifier : modifiers) xtest::pressKey(modifier);
+  for (const char *key : keys) {
+    xtest::pressKey(key);
+    xtest::releaseKey(key);
+  }
+  for (const char *modifier : modifiers) xtest::releaseKey(modifier);
+}
+
+void GalleryJourney::glide(int fromX, int fromY, int toX, int toY) {
+  for (int i = 1; i <= 8; ++i) {
+    xtest::movePointer(fromX + (toX - fromX) * i / 8, fromY + (toY - fromY) * i / 8);
+  }
+}
+
+std::vector<std::string> GalleryJourney::filesInFolder() const {
+  std::vector<std::string> names;
+  for (const auto &entry : fs::directory_iterator(folder_)) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::ranges::sort(names);
+  return names;
+}
+
+}  // namespace ov::test
