@@ -299,8 +299,9 @@ struct HXMatrixViewFlags {
 
 /** Starts editing an item in place with the window's field editor, the view being its
     delegate; selects the whole text if flag is YES. The event is the mouse-down that
-    started it, or nil. An invalid index does nothing. The edited text is not written back by the view: read it in an
-    override of -textDidEndEditing:, from the notification's object, before calling super. */
+    started it, or nil. An invalid index does nothing. The edited text is not written back by the
+   view: read it in an override of -textDidEndEditing:, from the notification's object, before
+   calling super. */
 - (void)editItemAtIndex:(NSUInteger)index withEvent:(NSEvent *)event select:(BOOL)flag;
 /** The item being edited, or NSNotFound. */
 - (NSUInteger)editedItemIndex;
