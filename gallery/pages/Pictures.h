@@ -22,7 +22,8 @@
   NSMutableArray *_copiedNames;
   NSMutableArray *_copyProblems;
   NSUInteger _menuIndex;
-  BOOL _dropProposed;  // files are over the grid, or were the last time
+  NSUInteger _loadingCount;  // thumbnails asked for since none was on its way
+  BOOL _dropProposed;        // files are over the grid, or were the last time
 }
 - (PictureItem *)itemAtIndex:(NSUInteger)index;
 - (void)useGridOfClass:(Class)gridClass;

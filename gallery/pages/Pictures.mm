@@ -107,6 +107,13 @@ static const std::size_t kThumbnailMemory = 96 << 20;
   return [_cache outstanding] == 0;
 }
 
+- (double)progress {
+  if (_progressTimer) return std::min(0.999, _copier->progress().fraction);
+  const NSUInteger left = [_cache outstanding];
+  if (left == 0 || _loadingCount == 0) return 1;
+  return 1 - static_cast<double>(left) / static_cast<double>(_loadingCount);
+}
+
 - (PictureItem *)itemAtIndex:(NSUInteger)index {
   return index < [_items count] ? [_items objectAtIndex:index] : nil;
 }
@@ -258,12 +265,20 @@ static const std::size_t kThumbnailMemory = 96 << 20;
     }
   }
   [_cache loadItems:wanted box:[PictureCell thumbnailBoxForWidth:_cellWidth]];
+  const NSUInteger left = [_cache outstanding];
+  _loadingCount = left == 0 ? 0 : std::max(_loadingCount, left);
 }
 
 - (void)thumbnailsDidLoad:(NSNotification *)notification {
   (void)notification;
   [_grid setNeedsDisplayInRect:[_grid visibleRect]];
-  if ([_cache outstanding] == 0) [self describeSelection];
+  if ([_cache outstanding] > 0) {
+    [self changed];  // the bar has moved
+    return;
+  }
+  _loadingCount = 0;
+  [self describeSelection];
+  [self changed];
 }
 
 #pragma mark What is shown below

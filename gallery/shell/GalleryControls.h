@@ -19,6 +19,15 @@
 @interface GallerySlider : NSSlider
 @end
 
+// A thin bar that is filled from the left as far as something has got, and cannot be seen
+// when it is done.
+@interface GalleryProgressBar : NSView {
+  double _progress;
+}
+// From 0 to 1.
+- (void)setProgress:(double)progress;
+@end
+
 // Buttonless scrollers: a rounded knob in a plain track.
 @interface GalleryScroller : NSScroller
 @end

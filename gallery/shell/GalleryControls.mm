@@ -143,6 +143,34 @@ static const CGFloat kKnobSize = 14;
 
 @end
 
+@implementation GalleryProgressBar
+
+- (id)initWithFrame:(NSRect)frame {
+  self = [super initWithFrame:frame];
+  if (self) _progress = 1;
+  return self;
+}
+
+- (void)setProgress:(double)progress {
+  if (progress == _progress) return;
+  _progress = progress;
+  [self setNeedsDisplay:YES];
+}
+
+- (void)drawRect:(NSRect)rect {
+  (void)rect;
+  if (_progress >= 1) return;
+  NSRect bar = [self bounds];
+  const CGFloat radius = NSHeight(bar) / 2;
+  [GalleryLineColor() set];
+  [GalleryRoundedPath(bar, radius) fill];
+  bar.size.width = MAX(NSHeight(bar), NSWidth(bar) * _progress);
+  [GalleryAccentColor() set];
+  [GalleryRoundedPath(bar, radius) fill];
+}
+
+@end
+
 @implementation GalleryScroller
 
 - (BOOL)isOpaque {

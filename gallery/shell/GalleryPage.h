@@ -62,6 +62,10 @@ extern NSString *const GalleryPageDidChangeNotification;
 - (BOOL)messageIsWarning;
 - (void)setMessage:(NSString *)message warning:(BOOL)warning;
 
+// How much of what runs in the background is done, from 0 to 1; 1, the default, when nothing
+// does. The window shows a bar meanwhile.
+- (double)progress;
+
 // Tells observers that something they show has changed.
 - (void)changed;
 

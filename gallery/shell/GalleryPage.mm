@@ -103,6 +103,10 @@ static std::vector<Class> &pageClasses() {
   [self changed];
 }
 
+- (double)progress {
+  return 1;
+}
+
 - (void)changed {
   [[NSNotificationCenter defaultCenter] postNotificationName:GalleryPageDidChangeNotification
                                                       object:self];

@@ -2,7 +2,7 @@
 // right.
 #import <AppKit/AppKit.h>
 
-@class GalleryPage, GalleryPageList, GalleryBox;
+@class GalleryBox, GalleryPage, GalleryPageList, GalleryProgressBar;
 
 @interface GalleryWindow : NSObject {
   NSWindow *_window;
@@ -16,6 +16,7 @@
   NSTextField *_summary;
   GalleryBox *_frame;
   NSTextField *_message;
+  GalleryProgressBar *_progress;
 }
 
 - (id)initWithPages:(NSArray *)pages;

@@ -1,11 +1,13 @@
 #import "shell/GalleryWindow.h"
 
+#import "shell/GalleryControls.h"
 #import "shell/GalleryPage.h"
 #import "shell/GalleryPageList.h"
 #import "shell/GallerySettings.h"
 #import "shell/GalleryStyle.h"
 
 static const CGFloat kSidebarWidth = 196;
+static const CGFloat kProgressWidth = 160;
 
 // Tells its owner to lay out when its size changes, in whichever way that came about.
 @interface GalleryRootView : GalleryBox {
@@ -80,7 +82,10 @@ static const CGFloat kSidebarWidth = 196;
   _summary = GalleryLabel(@" ", GalleryFont(12), GalleryQuietTextColor());
   _frame = [GalleryBox boxWithFill:GalleryPanelColor() border:GalleryLineColor()];
   _message = GalleryLabel(@" ", GalleryFont(11), GalleryQuietTextColor());
-  for (NSView *view in @[ _sidebar, _title, _summary, _frame, _message ]) [root addSubview:view];
+  _progress = [[[GalleryProgressBar alloc] initWithFrame:NSZeroRect] autorelease];
+  for (NSView *view in @[ _sidebar, _title, _summary, _frame, _message, _progress ]) {
+    [root addSubview:view];
+  }
   [_window setContentView:root];
   [_list reloadData];
 }
@@ -102,7 +107,8 @@ static const CGFloat kSidebarWidth = 196;
   const CGFloat settingsY = size.height - GalleryLargeMargin - settingsHeight;
   [[_page settings] setFrame:NSMakeRect(x, settingsY, width, settingsHeight)];
   const CGFloat messageY = settingsY - GalleryMargin - 18;
-  [_message setFrame:NSMakeRect(x - 2, messageY, width, 18)];
+  [_message setFrame:NSMakeRect(x - 2, messageY, MAX(0, width - kProgressWidth), 18)];
+  [_progress setFrame:NSMakeRect(x + width - kProgressWidth, messageY + 6, kProgressWidth, 6)];
   [_frame setFrame:NSMakeRect(x, 72, width, MAX(2, messageY - GallerySmallMargin - 72))];
   [[_page view] setFrame:NSInsetRect([_frame bounds], 1, 1)];
 }
@@ -165,6 +171,7 @@ static const CGFloat kSidebarWidth = 196;
       setTextColor:[_page messageIsWarning] ? GalleryWarningColor() : GalleryQuietTextColor()];
   [_message setStringValue:[_page message]];
   [_message setNeedsDisplay:YES];
+  [_progress setProgress:[_page progress]];
 }
 
 - (NSArray *)statusLines {

@@ -157,6 +157,18 @@ class FilesJourney : public GalleryJourney {
     EXPECT_TRUE(source->_ended);
   }
 
+  // On a busy machine the two clicks may come too far apart to be one double click.
+  bool doubleClickToRename(const std::string &name) {
+    for (int attempt = 0; attempt < 3; ++attempt) {
+      clickItem(name, {}, 2);
+      for (int nudges = 0; nudges < 8; ++nudges) {
+        if (pumpUntil([&] { return state().value("editing") == name; }, 0.5)) return true;
+        nudgePointer();
+      }
+    }
+    return false;
+  }
+
   static NSString *string(const fs::path &path) {
     return [NSString stringWithUTF8String:path.c_str()];
   }
@@ -168,9 +180,7 @@ class FilesJourney : public GalleryJourney {
 TEST_F(FilesJourney, ADoubleClickAndTypingRenameTheFile) {
   makePictures(6);
   start();
-  clickItem("p02.png", {}, 2);
-  ASSERT_TRUE(
-      waitFor("editing", [](const GalleryState &s) { return s.value("editing") == "p02.png"; }));
+  ASSERT_TRUE(doubleClickToRename("p02.png"));
   typeKeys({"m", "o", "o", "n", "Return"});
   waitFor("the new name", [](const GalleryState &s) { return s.items.contains("moon.png"); });
   EXPECT_TRUE(fs::exists(folder() / "moon.png"));
@@ -182,18 +192,14 @@ TEST_F(FilesJourney, ATakenOrIllegalNameIsRefusedAndNothingIsLost) {
   makePictures(4);
   const auto before = filesInFolder();
   start();
-  clickItem("p00.png", {}, 2);
-  ASSERT_TRUE(
-      waitFor("editing", [](const GalleryState &s) { return s.value("editing") == "p00.png"; }));
+  ASSERT_TRUE(doubleClickToRename("p00.png"));
   typeKeys({"p", "0", "3", "Return"});
   waitFor("that the name is taken", [](const GalleryState &s) {
     return s.number("warning") == 1 && s.value("message").contains("already");
   });
   EXPECT_EQ(filesInFolder(), before);
 
-  clickItem("p01.png", {}, 2);
-  ASSERT_TRUE(
-      waitFor("editing", [](const GalleryState &s) { return s.value("editing") == "p01.png"; }));
+  ASSERT_TRUE(doubleClickToRename("p01.png"));
   typeKeys({"a", "slash", "b", "Return"});
   waitFor("that a name has no slash", [](const GalleryState &s) {
     return s.number("warning") == 1 && s.value("message").contains("cannot contain");
