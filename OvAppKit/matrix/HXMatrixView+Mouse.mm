@@ -82,6 +82,7 @@
   if ([dataCell isEditable] && (!_flags.delegateRespondsToShouldEditItem ||
                                 [delegate matrixView:self shouldEditItemIndex:index])) {
     [self editItemAtIndex:index withEvent:event select:YES];
+    [_state->toolTips mouseReleased];  // the editor has taken the release
   } else if (_flags.delegateRespondsToCellDoubleClicked) {
     [delegate matrixView:self cellDoubleClickedAtItemIndex:index];
   }
@@ -95,7 +96,10 @@
                             !_draggingRefused && [self _isValidItemIndex:_mouseDownItemIndex] &&
                             !(_mouseDownFlags & (NSShiftKeyMask | NSCommandKeyMask));
   if (mayDragItems) {
-    if ([self _startDragging:event]) return;
+    if ([self _startDragging:event]) {
+      [_state->toolTips mouseReleased];  // the platform's drag has taken the release
+      return;
+    }
     _draggingRefused = YES;
   } else if (_selectionInfoBeforeMouseDown == nil) {
     return;
@@ -252,6 +256,7 @@
 #pragma mark Release
 
 - (void)mouseUp:(NSEvent *)event {
+  [_state->toolTips mouseReleased];
   [[HXAutoScrollManager sharedManager] stop];
   if (_mouseDragged) {
     if (_flags.inDragSelection != 0) {

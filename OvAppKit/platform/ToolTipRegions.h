@@ -41,6 +41,7 @@ struct ToolTip {
   NSToolTipTag _entered;  // the tip that shows or is about to, or 0
   BOOL _pointerInside;    // the pointer came into a tip and was not seen to leave
   BOOL _asking;           // a tip's text is being asked for
+  BOOL _pressed;          // a mouse button is down
 }
 
 - (id)initWithView:(NSView *)view trackingRects:(ov::TrackingRects *)trackingRects;
@@ -57,8 +58,9 @@ struct ToolTip {
 
 // What is visible has changed: by scrolling, resizing, a new window, or a new list.
 - (void)visibleRectDidChange;
-// Hides a tip that shows or is about to; the next one shows when the pointer comes into it.
+// While a mouse button is down no tip shows: one that does, or is about to, is hidden.
 - (void)mousePressed;
+- (void)mouseReleased;
 // Forgets the view, which is going away.
 - (void)viewWillDeallocate;
 

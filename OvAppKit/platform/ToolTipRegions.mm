@@ -152,7 +152,7 @@
 - (void)enter:(NSToolTipTag)tag at:(NSPoint)point {
   // Whoever supplies the text may change the tool tips meanwhile; the tip that comes to lie
   // under the pointer waits for the pointer to move.
-  if (_asking) return;
+  if (_asking || _pressed) return;
   // The platform asks this object for the text while it handles the event.
   id provider =
       [[NSClassFromString(@"GSTTProvider") alloc] initWithObject:self
@@ -196,6 +196,11 @@
 - (void)mousePressed {
   [self endDisplay];
   _pointerInside = NO;
+  _pressed = YES;
+}
+
+- (void)mouseReleased {
+  _pressed = NO;
 }
 
 - (NSString *)view:(NSView *)view

@@ -393,4 +393,15 @@ TEST_F(GridToolTips, HoverAndToolTipsLiveTogether) {
   EXPECT_EQ(askedAt(grid, middle(grid, 4)), Lines{});
 }
 
+TEST_F(GridToolTips, NoneShowsWhileTheButtonIsDown) {
+  HXMatrixView *grid = plainGrid(9);
+  giveToolTips(grid);
+  [grid mouseDown:mouseEvent(NSLeftMouseDown, grid, middle(grid, 0), NSShiftKeyMask, 1)];
+  EXPECT_EQ(askedAt(grid, middle(grid, 1)), Lines{});
+  [grid mouseDragged:mouseEvent(NSLeftMouseDragged, grid, middle(grid, 4), NSShiftKeyMask)];
+  EXPECT_EQ(askedAt(grid, middle(grid, 4)), Lines{});
+  [grid mouseUp:mouseEvent(NSLeftMouseUp, grid, middle(grid, 4), NSShiftKeyMask)];
+  EXPECT_EQ(askedAt(grid, middle(grid, 4)), Lines{"toolTip 4"});
+}
+
 }  // namespace
