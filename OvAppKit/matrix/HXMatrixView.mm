@@ -522,16 +522,20 @@ NSString *const HXMatrixViewSelectionDidChangeNotification = @"HXMatrixViewSelec
 }
 
 #pragma mark Tool tips and tracking rectangles
+// A superclass that is initialised from an archive, or deallocated, may send these while
+// there is no state.
 
 - (NSToolTipTag)addToolTipRect:(NSRect)rect owner:(id)owner userData:(void *)userData {
+  if (_state == nullptr) return [super addToolTipRect:rect owner:owner userData:userData];
   return [_state->toolTips addRect:rect owner:owner userData:userData];
 }
 
 - (void)removeToolTip:(NSToolTipTag)tag {
-  if (![_state->toolTips removeTag:tag]) [super removeToolTip:tag];
+  if (_state == nullptr || ![_state->toolTips removeTag:tag]) [super removeToolTip:tag];
 }
 
 - (void)removeAllToolTips {
+  if (_state == nullptr) return [super removeAllToolTips];
   [_state->toolTips removeAll];
   // The platform's removal leaves every second tip in place.
   NSUInteger left = _state->trackingRects.countOfPlatformToolTips();
@@ -558,11 +562,15 @@ NSString *const HXMatrixViewSelectionDidChangeNotification = @"HXMatrixViewSelec
                                owner:(id)owner
                             userData:(void *)userData
                         assumeInside:(BOOL)flag {
+  if (_state == nullptr) {
+    return [super addTrackingRect:rect owner:owner userData:userData assumeInside:flag];
+  }
   return _state->trackingRects.add(rect, owner, userData, flag);
 }
 
 - (void)removeTrackingRect:(NSTrackingRectTag)tag {
-  if (_state != nullptr) _state->trackingRects.remove(tag);
+  if (_state == nullptr) return [super removeTrackingRect:tag];
+  _state->trackingRects.remove(tag);
 }
 
 @end
