@@ -5,6 +5,8 @@
 @protocol PictureGridEditing
 // A name was typed for an item, and editing has ended.
 - (void)matrixView:(HXMatrixView *)grid didEditItemIndex:(NSUInteger)index text:(NSString *)text;
+// Editing has ended, and what was typed does not count.
+- (void)matrixViewDidCancelEditing:(HXMatrixView *)grid;
 // The Edit menu's commands.
 - (void)copySelection;
 - (void)pasteFiles;

@@ -10,14 +10,17 @@ static id<PictureGridEditing> editingPage(HXMatrixView *grid) {
 struct TypedName {
   NSUInteger index = NSNotFound;
   NSString *text = nil;
+  BOOL cancelled = NO;
 
-  TypedName(HXMatrixView *grid, NSNotification *notification, BOOL cancelled) {
+  TypedName(HXMatrixView *grid, NSNotification *notification, BOOL isCancelled)
+      : cancelled(isCancelled) {
     if (cancelled) return;
     index = [grid editedItemIndex];
     text = [[[[notification object] string] copy] autorelease];
   }
 
   void deliver(HXMatrixView *grid) const {
+    if (cancelled) [editingPage(grid) matrixViewDidCancelEditing:grid];
     if (index == NSNotFound) return;
     [editingPage(grid) matrixView:grid didEditItemIndex:index text:text];
   }

@@ -28,6 +28,11 @@ static NSString *stringOf(const std::string &bytes) {
            warning:YES];
 }
 
+- (void)matrixViewDidCancelEditing:(HXMatrixView *)grid {
+  (void)grid;
+  [self changed];
+}
+
 - (void)matrixView:(HXMatrixView *)grid didEditItemIndex:(NSUInteger)index text:(NSString *)text {
   (void)grid;
   PictureItem *item = [[[self itemAtIndex:index] retain] autorelease];

@@ -188,6 +188,19 @@ TEST_F(FilesJourney, ADoubleClickAndTypingRenameTheFile) {
   EXPECT_EQ(state().selected, std::vector<std::string>{"moon.png"});
 }
 
+TEST_F(FilesJourney, EscapeKeepsTheName) {
+  makePictures(3);
+  const auto before = filesInFolder();
+  start();
+  ASSERT_TRUE(doubleClickToRename("p01.png"));
+  typeKeys({"x", "y", "Escape"});
+  waitFor("the end of the editing",
+          [](const GalleryState &s) { return s.value("editing").empty(); });
+  EXPECT_EQ(filesInFolder(), before);
+  EXPECT_EQ(state().number("warning"), 0);
+  EXPECT_EQ(state().selected, std::vector<std::string>{"p01.png"});
+}
+
 TEST_F(FilesJourney, ATakenOrIllegalNameIsRefusedAndNothingIsLost) {
   makePictures(4);
   const auto before = filesInFolder();
