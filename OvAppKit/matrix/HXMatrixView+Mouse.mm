@@ -82,10 +82,11 @@
   if ([dataCell isEditable] && (!_flags.delegateRespondsToShouldEditItem ||
                                 [delegate matrixView:self shouldEditItemIndex:index])) {
     [self editItemAtIndex:index withEvent:event select:YES];
-    [_state->toolTips mouseReleased];  // the editor has taken the release
   } else if (_flags.delegateRespondsToCellDoubleClicked) {
     [delegate matrixView:self cellDoubleClickedAtItemIndex:index];
   }
+  // The editor, or a panel that the delegate has run, may have taken the release.
+  [_state->toolTips mouseReleased];
 }
 
 #pragma mark Drag

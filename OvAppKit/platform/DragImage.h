@@ -7,6 +7,6 @@
 
 #import <AppKit/AppKit.h>
 
-// An autoreleased image of `size` points, clear but for what [painter selector] drew;
+// An autoreleased image of `size` points, clear but for what draw(context) drew;
 // the focused view is flipped as asked. nil for an empty size.
 NSImage *OvImageDrawnByView(NSSize size, BOOL flipped, void (*draw)(void *context), void *context);

@@ -54,8 +54,6 @@ struct ToolTip {
 - (BOOL)removeTag:(NSToolTipTag)tag;
 - (void)removeAll;
 
-- (NSUInteger)count;
-
 // What is visible has changed: by scrolling, resizing, a new window, or a new list.
 - (void)visibleRectDidChange;
 // While a mouse button is down no tip shows: one that does, or is about to, is hidden.

@@ -71,10 +71,6 @@
   _grid = {};
 }
 
-- (NSUInteger)count {
-  return _tips.size() + (_gridOwner != nil ? _grid.items : 0);
-}
-
 - (std::vector<ov::ToolTip>::iterator)find:(NSToolTipTag)tag {
   const auto found = std::lower_bound(
       _tips.begin(), _tips.end(), tag,

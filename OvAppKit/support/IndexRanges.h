@@ -46,8 +46,7 @@ void forEachIndex(NSIndexSet *set, Body body) {
   }
 }
 
-// New, autoreleased sets.
+// A new, autoreleased set.
 NSMutableIndexSet *difference(NSIndexSet *set, NSIndexSet *without);
-NSMutableIndexSet *intersection(NSIndexSet *a, NSIndexSet *b);
 
 }  // namespace ov

@@ -28,8 +28,4 @@ NSMutableIndexSet *difference(NSIndexSet *set, NSIndexSet *without) {
   return result;
 }
 
-NSMutableIndexSet *intersection(NSIndexSet *a, NSIndexSet *b) {
-  return difference(a, difference(a, b));
-}
-
 }  // namespace ov

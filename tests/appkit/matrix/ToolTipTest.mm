@@ -404,4 +404,11 @@ TEST_F(GridToolTips, NoneShowsWhileTheButtonIsDown) {
   EXPECT_EQ(askedAt(grid, middle(grid, 4)), Lines{"toolTip 4"});
 }
 
+TEST_F(GridToolTips, ShowAgainAfterADoubleClickWhoseReleaseWentElsewhere) {
+  HXMatrixView *grid = plainGrid(9);
+  giveToolTips(grid);
+  [grid mouseDown:mouseEvent(NSLeftMouseDown, grid, middle(grid, 0), 0, 2)];
+  EXPECT_EQ(askedAt(grid, middle(grid, 4)), Lines{"toolTip 4"});
+}
+
 }  // namespace
