@@ -31,15 +31,16 @@ OV_EXPORT void HXGetPixelFromBitmapImageRep(NSBitmapImageRep *bitmap, uint32_t *
 
 /** Reads the whole file. nil, with the receiver released, for a nil path, a file that cannot
     be read, one that is no bitmap, and one that the platform cannot be trusted with: TIFF with
-    samples other than 8 or 16 bits (or 1, where a pixel is one sample), and pictures without
-    pixels or with more than 2²⁸ of them. */
+    samples other than 8 or 16 bits (or 1, where a pixel is one sample), pictures without
+    pixels, with more than 2²⁷ of them, or with a side of more than 32,767, and GIF without
+    colours. */
 - (id)initWithContentsOfFile:(NSString *)path;
 /** The same for what is at a URL. */
 - (id)initWithContentsOfURL:(NSURL *)url;
 
 /** A new image of that size in points, autoreleased, with the bitmap drawn over the whole of
     it, smoothly and with no regard for its proportions. nil for a size that is empty, not
-    finite, or larger than 16,384 points on a side. */
+    finite, or larger than 8,192 points on a side. */
 - (NSImage *)imageWithSize:(NSSize)size;
 
 @end

@@ -17,13 +17,13 @@
 
 - (NSPoint)alignPoint:(NSPoint)point;
 
-/** Never larger than the given size. Where the axes are turned, the size is that of the
-    box around the turned one, as for rectangles. The sign of a side counts for nothing. */
+/** Never longer than the given size; a negative side stays negative. */
 - (NSSize)alignSize:(NSSize)size;
 
 /** The origin and the size are rounded down each, so that the rectangle never grows, and its
-    far edges may lie up to two pixels short. Where the axes are turned, it is the box around
-    the turned rectangle that is rounded, and the box around that one that comes back. */
+    far edges may lie up to two pixels short. Where the axes are turned by other than right
+    angles, nothing falls on pixels: the box around the turned rectangle is rounded, and the box
+    around that one comes back. */
 - (NSRect)alignRect:(NSRect)rect;
 
 @end
