@@ -130,6 +130,8 @@ void HXGetPixelFromBitmapImageRep(NSBitmapImageRep *bitmap, uint32_t *pixel, int
     for (const NSUInteger sample : wide) *pixel++ = static_cast<uint32_t>(sample);
     return;
   }
+  // The same questions as for a colour; the answer does not matter here.
+  (void)[bitmap hasAlpha];
   if (!isReadable(bitmap, @"HXGetPixelFromBitmapImageRep")) return;
   const NSInteger samples = [bitmap samplesPerPixel];
   if (samples < 1) return;

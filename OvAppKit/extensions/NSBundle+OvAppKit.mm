@@ -42,8 +42,9 @@ NSBitmapImageRep *bitmapAtPath(NSString *path) {
 @implementation NSBundle (HXAppKitExtensions)
 
 - (NSImage *)imageForResource:(NSString *)name {
-  // The platform tells thousands of times that it found nothing of no name.
-  if ([name length] == 0) return nil;
+  // The platform tries every type of image, and tells of each that nothing has no name.
+  NSString *base = [[name lastPathComponent] stringByDeletingPathExtension];
+  if ([base length] == 0 || [base isEqualToString:@"/"]) return nil;
   NSString *path = [self pathForImageResource:name];
   if (OvSafeImageDataWithContentsOfFile(path) == nil) return nil;
   return [[[NSImage alloc] initByReferencingFile:path] autorelease];

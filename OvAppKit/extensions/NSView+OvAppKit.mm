@@ -1,6 +1,7 @@
 #import <OvAppKit/NSBitmapImageRep+OvAppKit.h>
 #import <OvAppKit/NSView+OvAppKit.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "support/Retained.h"
@@ -14,8 +15,12 @@ ov::Retained<NSBitmapImageRep *> captured(NSView *view, NSPoint point) {
   if (!std::isfinite(point.x) || !std::isfinite(point.y)) return none;
   // Focus cannot be locked without a window, and outside the visible part there is no pixel.
   if (![view canDraw]) return none;
-  const NSRect square = NSMakeRect(std::floor(point.x), std::floor(point.y), 1, 1);
+  NSRect square = NSMakeRect(std::floor(point.x), std::floor(point.y), 1, 1);
   if (NSIsEmptyRect(NSIntersectionRect(square, [view visibleRect]))) return none;
+  // Where points are smaller than pixels, one pixel; of less the platform makes no bitmap.
+  const NSSize pixel = [view convertSize:NSMakeSize(1, 1) fromView:nil];
+  square.size.width = std::max(square.size.width, std::abs(pixel.width));
+  square.size.height = std::max(square.size.height, std::abs(pixel.height));
   [view lockFocus];
   auto bitmap = ov::adopt([[NSBitmapImageRep alloc] initWithFocusedViewRect:square]);
   [view unlockFocus];

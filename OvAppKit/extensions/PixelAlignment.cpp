@@ -98,7 +98,8 @@ Size alignSize(Size s, const Affine& toDevice) {
 
 Rect alignRect(const Rect& r, const Affine& toDevice) {
   const std::optional<Affine> back = inverse(toDevice);
-  if (!back) return r;
+  // Asked here, since the comparisons of a box pass over what is not a number.
+  if (!back || !allFinite(r.x, r.y, r.width, r.height)) return r;
   const Box d = boxAround(toDevice, r);
   const Rect aligned{
       floorNear(d.rect.x, d.magnitude.width), floorNear(d.rect.y, d.magnitude.height),
