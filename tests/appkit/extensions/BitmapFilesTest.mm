@@ -41,12 +41,14 @@ class BitmapFiles : public ov::test::LiveTest {
   // Whether such a file gives a bitmap; the one that was to be initialised must not outlive
   // a refusal.
   bool loads(NSData *data) {
-    NSString *path = folder.write(@"picture", data);
     const int before = [OvTestMortalBitmap deaths];
-    OvTestMortalBitmap *rep = [[OvTestMortalBitmap alloc] initWithContentsOfFile:path];
-    const bool loaded = rep != nil;
-    [rep release];
-    drainPool();
+    bool loaded = false;
+    @autoreleasepool {
+      NSString *path = folder.write(@"picture", data);
+      OvTestMortalBitmap *rep = [[OvTestMortalBitmap alloc] initWithContentsOfFile:path];
+      loaded = rep != nil;
+      [rep release];
+    }
     EXPECT_EQ([OvTestMortalBitmap deaths], before + 1);
     return loaded;
   }
