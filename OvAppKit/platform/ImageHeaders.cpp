@@ -74,12 +74,15 @@ struct Page {
 
   // The platform looks for alpha in whole bytes, and writes three bytes for an index into a
   // palette into room for three indexes. Its colour of a pixel has room for five samples.
-  bool isSafe() const {
+  // 0 for a page that is not safe.
+  std::uint64_t safePixels() const {
     const std::uint32_t depth = bits.value_or(1);
     const std::uint32_t count = samples.value_or(1);
     const bool isPalette = meaning == 3;
     const bool roomy = depth == 8 || depth == 16 || (depth == 1 && count == 1 && !isPalette);
-    return roomy && count >= 1 && count <= 5 && hasSafeSize(width.value_or(0), height.value_or(0));
+    const std::uint64_t across = width.value_or(0);
+    const std::uint64_t down = height.value_or(0);
+    return roomy && count >= 1 && count <= 5 && hasSafeSize(across, down) ? across * down : 0;
   }
 };
 
@@ -114,8 +117,9 @@ bool isSafeTIFF(Bytes bytes) {
       *value = entryValue(reader, entry);
       if (!value->has_value()) return false;
     }
-    if (reader.failed() || !page.isSafe()) return false;
-    pixels += std::uint64_t{*page.width} * *page.height;
+    const std::uint64_t pagePixels = page.safePixels();
+    if (reader.failed() || pagePixels == 0) return false;
+    pixels += pagePixels;
     if (pixels > kMostImagePixels) return false;
     // A chain of directories that ends early, or in a circle, ends in the number of pages.
     directory = reader.number(directory + 2 + std::uint64_t{12} * entries, 4);
