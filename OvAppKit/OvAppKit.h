@@ -9,6 +9,15 @@
 #import <OvAppKit/HXMatrixViewSelectionInfo.h>
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
+#import <OvAppKit/OvAlphabetTextValidator.h>
 #import <OvAppKit/OvMatrixView.h>
+#import <OvAppKit/OvNumberTextValidator.h>
+#import <OvAppKit/OvPathTextValidator.h>
+#import <OvAppKit/OvSjisTextValidator.h>
 #import <OvAppKit/OvTextValidator.h>
+#import <OvAppKit/OvVPAlphabetFormatter.h>
+#import <OvAppKit/OvVPFormatter.h>
+#import <OvAppKit/OvVPNumberFormatter.h>
+#import <OvAppKit/OvVPPathFormatter.h>
+#import <OvAppKit/OvVPSjisFormatter.h>
 #import <OvFoundation/OvFoundation.h>
