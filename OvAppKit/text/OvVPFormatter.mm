@@ -16,7 +16,8 @@ NSString *const OvVPFormatterBufferIsFull = @"OvVPFormatterBufferIsFull";
   return [self init];
 }
 
-// Not the inherited copy, which would share the attributes without retaining them.
+// Made by init and not by the inherited method, which says nothing of the attributes: they
+// could be missing in its copy, or be shared without being retained.
 - (id)copyWithZone:(NSZone *)zone {
   OvVPFormatter *copy = [[[self class] allocWithZone:zone] init];
   if (copy != nil) {
