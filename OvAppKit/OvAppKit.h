@@ -10,4 +10,5 @@
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
 #import <OvAppKit/OvMatrixView.h>
+#import <OvAppKit/OvTextViewLines.h>
 #import <OvFoundation/OvFoundation.h>
