@@ -15,6 +15,7 @@
 #import <OvAppKit/OvPathTextValidator.h>
 #import <OvAppKit/OvSjisTextValidator.h>
 #import <OvAppKit/OvTextValidator.h>
+#import <OvAppKit/OvTextViewLines.h>
 #import <OvAppKit/OvVPAlphabetFormatter.h>
 #import <OvAppKit/OvVPFormatter.h>
 #import <OvAppKit/OvVPNumberFormatter.h>
