@@ -146,8 +146,34 @@ void tenMegabytes() {
       const auto judge = [&] { sink = [made validateString:text] >= 0; };
       bench::row(std::string("validator, ") + rule.name, bench::median(judge, 5));
       bench::ratio(std::string("validator, ") + rule.name + " : bare loop",
-                   bench::medianRatio(judge, [&] { readUnits(text); }, 5), 4);
+                   bench::medianRatio(judge, [&] { readUnits(text); }, 5), 6);
     }
+  }
+}
+
+void lines() {
+  bench::heading("The lines of a text of 10 MB, beside a bare loop over its units");
+  @autoreleasepool {
+    // 100 units a line, so 52,428 lines.
+    std::vector<unichar> units(5 << 20, 'x');
+    for (size_t i = 99; i < units.size(); i += 100) units[i] = '\n';
+    NSString *text = [NSString stringWithCharacters:units.data() length:units.size()];
+    const auto bare = [&] { readUnits(text); };
+    bench::row("bare loop", bench::median(bare, 5));
+    const auto count = [&] { sink = OvTextViewGetLineCount(text); };
+    bench::row("count the lines", bench::median(count, 5));
+    bench::ratio("count the lines : bare loop", bench::medianRatio(count, bare, 9), 2);
+    const auto fetch = [&] {
+      @autoreleasepool {
+        sink = [OvTextViewGetIndexedLineString(text, 50000) length];
+      }
+    };
+    bench::row("fetch line 50,000", bench::median(fetch, 5));
+    bench::ratio("fetch line 50,000 : bare loop", bench::medianRatio(fetch, bare, 9), 2);
+    const auto locate = [&] { sink = OvTextViewGetLineIndexFromLocation(text, 5 << 20); };
+    bench::row("the line of the last character", bench::median(locate, 5));
+    bench::ratio("the line of the last character : bare loop", bench::medianRatio(locate, bare, 9),
+                 2);
   }
 }
 
@@ -156,4 +182,5 @@ void tenMegabytes() {
 void bench::text() {
   tenCharacters();
   tenMegabytes();
+  lines();
 }
