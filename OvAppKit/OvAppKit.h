@@ -17,5 +17,16 @@
 #import <OvAppKit/NSScreen+OvAppKit.h>
 #import <OvAppKit/NSView+OvAppKit.h>
 #import <OvAppKit/NSWindow+OvAppKit.h>
+#import <OvAppKit/OvAlphabetTextValidator.h>
 #import <OvAppKit/OvMatrixView.h>
+#import <OvAppKit/OvNumberTextValidator.h>
+#import <OvAppKit/OvPathTextValidator.h>
+#import <OvAppKit/OvSjisTextValidator.h>
+#import <OvAppKit/OvTextValidator.h>
+#import <OvAppKit/OvTextViewLines.h>
+#import <OvAppKit/OvVPAlphabetFormatter.h>
+#import <OvAppKit/OvVPFormatter.h>
+#import <OvAppKit/OvVPNumberFormatter.h>
+#import <OvAppKit/OvVPPathFormatter.h>
+#import <OvAppKit/OvVPSjisFormatter.h>
 #import <OvFoundation/OvFoundation.h>
