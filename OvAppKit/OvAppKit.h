@@ -9,5 +9,9 @@
 #import <OvAppKit/HXMatrixViewSelectionInfo.h>
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
+#import <OvAppKit/OvDatePicker.h>
+#import <OvAppKit/OvDatePickerCell.h>
 #import <OvAppKit/OvMatrixView.h>
+#import <OvAppKit/OvVPComboBox.h>
+#import <OvAppKit/OvVPTextField.h>
 #import <OvFoundation/OvFoundation.h>
