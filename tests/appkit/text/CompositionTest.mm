@@ -102,18 +102,25 @@ TEST_F(Composing, AMendedCommitShowsWhatTheFormatterLeft) {
 TEST_F(Composing, ACommitIsUndoneAsOne) {
   [editor(field) setAllowsUndo:YES];
   NSUndoManager *undo = [editor(field) undoManager];
-  for (const bool mended : {false, true}) {
-    filter->rule = mended ? [OvTestFilter digits]->rule : nullptr;
-    [undo removeAllActions];
-    compose(@"か", NSMakeRange(2, 0));
-    compose(@"4か", NSMakeRange(2, 1));
-    [editor(field) unmarkText];
-    pumpPending();
-    ASSERT_EQ(textOf(field), mended ? "124" : "124か");
-    ASSERT_TRUE([undo canUndo]);
-    [undo undo];
-    EXPECT_EQ(textOf(field), "12");
-    EXPECT_FALSE([undo canUndo]);
+  for (const bool byInserting : {false, true}) {
+    for (const bool mended : {false, true}) {
+      SCOPED_TRACE(byInserting);
+      filter->rule = mended ? [OvTestFilter digits]->rule : nullptr;
+      [undo removeAllActions];
+      compose(@"か", NSMakeRange(2, 0));
+      if (byInserting) {
+        [editor(field) insertText:@"4"];
+      } else {
+        compose(@"か4", NSMakeRange(2, 1));
+        [editor(field) unmarkText];
+      }
+      pumpPending();
+      ASSERT_EQ(textOf(field), mended ? "124" : "12か4");
+      ASSERT_TRUE([undo canUndo]);
+      [undo undo];
+      EXPECT_EQ(textOf(field), "12");
+      EXPECT_FALSE([undo canUndo]);
+    }
   }
   [undo removeAllActions];
   [editor(field) setAllowsUndo:NO];
