@@ -213,6 +213,17 @@ TEST_F(ComposingInMovingField, MovesWhenTheCommitIsInserted) {
   EXPECT_STREQ([[field stringValue] UTF8String], "かな");
 }
 
+TEST_F(ComposingInMovingField, AComboBoxTellsOfTheCommitToo) {
+  OvVPComboBox *box = add<OvVPComboBox>();
+  edit(box);
+  NotificationCount changed(OvVPComboBoxDidChangeNotification, box);
+  [editor(box) setMarkedText:@"か" selectedRange:NSMakeRange(0, 0)];
+  EXPECT_EQ(changed.take(), 0);
+  [editor(box) unmarkText];
+  EXPECT_EQ(changed.take(), 1);
+  EXPECT_EQ(textOf(box), "か");
+}
+
 TEST_F(ComposingInMovingField, MovesOnTheMendedTextOfACommit) {
   OvVPSjisFormatter *bytes = [[[OvVPSjisFormatter alloc] init] autorelease];
   [bytes setMaximum:[NSDecimalNumber decimalNumberWithString:@"4"]];
