@@ -18,6 +18,8 @@
 #import <OvAppKit/NSView+OvAppKit.h>
 #import <OvAppKit/NSWindow+OvAppKit.h>
 #import <OvAppKit/OvAlphabetTextValidator.h>
+#import <OvAppKit/OvDatePicker.h>
+#import <OvAppKit/OvDatePickerCell.h>
 #import <OvAppKit/OvMatrixView.h>
 #import <OvAppKit/OvNumberTextValidator.h>
 #import <OvAppKit/OvPathTextValidator.h>
@@ -25,8 +27,10 @@
 #import <OvAppKit/OvTextValidator.h>
 #import <OvAppKit/OvTextViewLines.h>
 #import <OvAppKit/OvVPAlphabetFormatter.h>
+#import <OvAppKit/OvVPComboBox.h>
 #import <OvAppKit/OvVPFormatter.h>
 #import <OvAppKit/OvVPNumberFormatter.h>
 #import <OvAppKit/OvVPPathFormatter.h>
 #import <OvAppKit/OvVPSjisFormatter.h>
+#import <OvAppKit/OvVPTextField.h>
 #import <OvFoundation/OvFoundation.h>
