@@ -10,5 +10,8 @@
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
 #import <OvAppKit/OvMatrixView.h>
+#import <OvAppKit/OvComboBox.h>
+#import <OvAppKit/OvTextField.h>
+#import <OvAppKit/OvTextFieldCell.h>
 #import <OvAppKit/OvTextValidator.h>
 #import <OvFoundation/OvFoundation.h>
