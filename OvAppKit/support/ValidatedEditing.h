@@ -16,8 +16,7 @@
 //   _setup                    installPlainValidator()
 //   setTextValidator:         setValidator()
 //   isValid                   accepts([self stringValue])
-//   becomeFirstResponder,
-//   textDidBeginEditing:      watch(editor)
+//   becomeFirstResponder      start(editor)
 //   textDidChange:            textDidChange(editor), which posts DidChange last
 //   setStringValue:           the string that judgeSetString() answers
 //   textShouldEndEditing:     settle(editor), then its own questions
@@ -31,6 +30,13 @@
 #import <OvAppKit/OvTextValidator.h>
 
 @class _OvCompositionWatch;
+
+// What a control answers to; its own overrides apply.
+@protocol OvValidatedControl
+- (void)setTextValidator:(OvTextValidator *)validator;
+- (NSColor *)textColor;
+- (void)setTextColor:(NSColor *)color;
+@end
 
 namespace ov {
 
@@ -49,11 +55,9 @@ struct ValidatedEditingRules {
 
 class ValidatedEditing {
  public:
-  // The control, which answers textColor and setTextColor:, owns this object and the variables.
-  // The rules must outlive it.
-  ValidatedEditing(NSView *control, OvTextValidator **validator, BOOL *beInvalid,
+  // The control owns this object and the variables. The rules must outlive it.
+  ValidatedEditing(id control, OvTextValidator **validator, BOOL *beInvalid,
                    const ValidatedEditingRules &rules);
-  // The control must not be a first responder with an editor any more.
   ~ValidatedEditing();
   ValidatedEditing(const ValidatedEditing &) = delete;
   ValidatedEditing &operator=(const ValidatedEditing &) = delete;
@@ -65,31 +69,29 @@ class ValidatedEditing {
   // True without a validator.
   bool accepts(NSString *string) const;
 
-  // Notices what an input method does in the editor, which tells nobody. Watching the same one
-  // again changes nothing.
-  void watch(NSText *editor);
+  // Editing starts. From here on, what an input method does in the editor is noticed.
+  void start(NSText *editor);
   // Judges what was typed, unless an input method is composing, and posts DidChange last.
   void textDidChange(NSText *editor);
-  // Answers what to set: the string itself, or as the validator mends it.
+  // Answers what to set: the string itself (an empty one for nil), or as the validator mends it.
   NSString *judgeSetString(NSString *string);
   // Before editing ends: commits marked text, and judges a composition that has not been yet.
   // The keyboard is not moved. Does nothing when no input method has been at work.
   void settle(NSText *editor);
 
  private:
-  friend void judgeCommittedText(ValidatedEditing &editing, NSText *editor);
-
   enum class Keyboard { mayMove, stays };
 
   void judgeTyped(NSText *editor, Keyboard keyboard);
   void mark(OvTextValidator *validator, bool valid, bool beeps);
   void moveToNextKeyView();
+  void post(NSString *name);
 
-  NSView *control_;
+  NSView<OvValidatedControl> *control_;
   OvTextValidator **validator_;
   BOOL *beInvalid_;
   const ValidatedEditingRules &rules_;
-  _OvCompositionWatch *watch_ = nil;
+  _OvCompositionWatch *watch_;
 };
 
 }  // namespace ov
