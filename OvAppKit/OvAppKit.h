@@ -9,9 +9,13 @@
 #import <OvAppKit/HXMatrixViewSelectionInfo.h>
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
-#import <OvAppKit/OvMatrixView.h>
 #import <OvAppKit/OvComboBox.h>
+#import <OvAppKit/OvDatePicker.h>
+#import <OvAppKit/OvDatePickerCell.h>
+#import <OvAppKit/OvMatrixView.h>
 #import <OvAppKit/OvTextField.h>
 #import <OvAppKit/OvTextFieldCell.h>
 #import <OvAppKit/OvTextValidator.h>
+#import <OvAppKit/OvVPComboBox.h>
+#import <OvAppKit/OvVPTextField.h>
 #import <OvFoundation/OvFoundation.h>

@@ -136,7 +136,8 @@ OV_EXPORT NSString *const OvTextFieldDidBecomeInvalidNotification;
     it subscribed once. */
 - (void)setDelegate:(id)delegate;
 
-/** The emboss attributes of the field's OvTextFieldCell, see there. */
+/** The emboss attributes of the field's OvTextFieldCell, see there. With a cell of another class
+    in its place they do nothing and answer NO, no offset and nil. */
 - (void)setEmboss:(BOOL)flag;
 - (BOOL)isEmboss;
 - (void)setEmbossOffset:(NSSize)offset;
