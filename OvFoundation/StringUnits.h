@@ -31,5 +31,5 @@ class StringUnits {
 };
 
 // A string of any units. The platform makes none, or answers nil for a part of one, when
-// half a character stands alone among them.
+// half a character stands alone among them, and loses a byte order mark at the start.
 NSString *StringWithUnits(const std::vector<unichar> &units);

@@ -16,20 +16,18 @@
 //   _setup                    installPlainValidator()
 //   setTextValidator:         setValidator()
 //   isValid                   accepts([self stringValue])
-//   becomeFirstResponder      start(editor)
 //   textDidChange:            textDidChange(editor), which posts DidChange last
 //   setStringValue:           the string that judgeSetString() answers
-//   textShouldEndEditing:     settle(editor), then its own questions
-//   textDidEndEditing:        settle(editor), before the inherited method
+//   textShouldEndEditing:     commitComposition(editor), then its own questions
+//   textDidEndEditing:        endComposition(editor), before the inherited method
 //
-// For a text view the editor is the control itself.
+// For a text view the editor is the control itself; its -unmarkText must tell of a change.
+// A field says YES to -_ovAnnouncesUnmarkedText, for the same reason.
 
 #pragma once
 
 #import <AppKit/AppKit.h>
 #import <OvAppKit/OvTextValidator.h>
-
-@class _OvCompositionWatch;
 
 // What a control answers to; its own overrides apply.
 @protocol OvValidatedControl
@@ -58,7 +56,6 @@ class ValidatedEditing {
   // The control owns this object and the variables. The rules must outlive it.
   ValidatedEditing(id control, OvTextValidator **validator, BOOL *beInvalid,
                    const ValidatedEditingRules &rules);
-  ~ValidatedEditing();
   ValidatedEditing(const ValidatedEditing &) = delete;
   ValidatedEditing &operator=(const ValidatedEditing &) = delete;
 
@@ -69,20 +66,18 @@ class ValidatedEditing {
   // True without a validator.
   bool accepts(NSString *string) const;
 
-  // Editing starts. From here on, what an input method does in the editor is noticed.
-  void start(NSText *editor);
   // Judges what was typed, unless an input method is composing, and posts DidChange last.
   void textDidChange(NSText *editor);
   // Answers what to set: the string itself (an empty one for nil), or as the validator mends it.
   NSString *judgeSetString(NSString *string);
-  // Before editing ends: commits marked text, and judges a composition that has not been yet.
-  // The keyboard is not moved. Does nothing when no input method has been at work.
-  void settle(NSText *editor);
+  // Before editing may end: text that an input method is composing is committed, which is a
+  // change like any other, except that it does not move the keyboard.
+  void commitComposition(NSText *editor);
+  // Editing ends unasked: the same, and only the change of validity is told.
+  void endComposition(NSText *editor);
 
  private:
-  enum class Keyboard { mayMove, stays };
-
-  void judgeTyped(NSText *editor, Keyboard keyboard);
+  void judgeTyped(NSText *editor);
   void mark(OvTextValidator *validator, bool valid, bool beeps);
   void moveToNextKeyView();
   void post(NSString *name);
@@ -91,7 +86,7 @@ class ValidatedEditing {
   OvTextValidator **validator_;
   BOOL *beInvalid_;
   const ValidatedEditingRules &rules_;
-  _OvCompositionWatch *watch_;
+  bool keyboardStays_ = false;
 };
 
 }  // namespace ov

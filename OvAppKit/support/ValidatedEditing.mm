@@ -1,17 +1,24 @@
 #import "support/ValidatedEditing.h"
 
-#import "support/CompositionWatch.h"
-#import "support/Retained.h"
+#include "platform/Composition.h"
+#include "support/Retained.h"
 
 namespace ov {
 
 namespace {
 
+NSTextView *textView(NSText *text) {
+  return [text isKindOfClass:[NSTextView class]] ? static_cast<NSTextView *>(text) : nil;
+}
+
+// A field editor goes on to say that it has marked text after some commits.
+bool isComposingIn(NSTextView *editor) {
+  return [editor isFieldEditor] ? isComposing(editor) : static_cast<bool>([editor hasMarkedText]);
+}
+
 // Undoing the refused edit would bring its text back, and the platform keeps ranges for it
 // that the mended text need not have.
-void forgetUndo(NSText *text) {
-  if (![text isKindOfClass:[NSTextView class]]) return;
-  NSTextView *editor = static_cast<NSTextView *>(text);
+void forgetUndo(NSTextView *editor) {
   [[editor undoManager] removeAllActionsWithTarget:[editor textStorage]];
 }
 
@@ -19,16 +26,7 @@ void forgetUndo(NSText *text) {
 
 ValidatedEditing::ValidatedEditing(id control, OvTextValidator **validator, BOOL *beInvalid,
                                    const ValidatedEditingRules &rules)
-    : control_(control), validator_(validator), beInvalid_(beInvalid), rules_(rules) {
-  watch_ = [[_OvCompositionWatch alloc]
-      initWithControl:control
-            committed:[this](NSText *editor) { judgeTyped(editor, Keyboard::mayMove); }];
-}
-
-ValidatedEditing::~ValidatedEditing() {
-  [watch_ invalidate];
-  [watch_ release];
-}
+    : control_(control), validator_(validator), beInvalid_(beInvalid), rules_(rules) {}
 
 void ValidatedEditing::installPlainValidator() {
   [control_ setTextValidator:[OvTextValidator textValidator]];
@@ -49,12 +47,10 @@ bool ValidatedEditing::accepts(NSString *string) const {
   return *validator_ == nil || [*validator_ validString:string];
 }
 
-void ValidatedEditing::start(NSText *editor) { [watch_ start:editor]; }
-
 void ValidatedEditing::textDidChange(NSText *editor) {
   // Whoever hears of the change may take the control away.
   const Retained<id> keepsControl = retain<id>(control_);
-  if (![watch_ isComposing:editor]) judgeTyped(editor, Keyboard::mayMove);
+  if (!isComposingIn(textView(editor))) judgeTyped(editor);
   post(*rules_.didChange);
 }
 
@@ -77,12 +73,26 @@ NSString *ValidatedEditing::judgeSetString(NSString *string) {
   return string;
 }
 
-void ValidatedEditing::settle(NSText *editor) {
-  if ([watch_ commit:editor]) judgeTyped(editor, Keyboard::stays);
+void ValidatedEditing::commitComposition(NSText *text) {
+  NSTextView *editor = textView(text);
+  if (!isComposingIn(editor)) return;
+  const Retained<id> keepsControl = retain<id>(control_);
+  keyboardStays_ = true;
+  [editor unmarkText];
+  keyboardStays_ = false;
 }
 
-void ValidatedEditing::judgeTyped(NSText *editor, Keyboard keyboard) {
+void ValidatedEditing::endComposition(NSText *text) {
+  NSTextView *editor = textView(text);
+  if (!takeComposition(editor)) return;
   const Retained<id> keepsControl = retain<id>(control_);
+  keyboardStays_ = true;
+  [editor unmarkText];
+  judgeTyped(editor);
+  keyboardStays_ = false;
+}
+
+void ValidatedEditing::judgeTyped(NSText *editor) {
   const Retained<OvTextValidator *> held = retain(*validator_);
   OvTextValidator *validator = held.get();
   if (validator == nil) return;
@@ -94,13 +104,13 @@ void ValidatedEditing::judgeTyped(NSText *editor, Keyboard keyboard) {
   }
   const bool moves = rules_.followsMoveNextKeyView && [validator moveNextKeyView];
   if (result == OvTextIsFull) {
-    if (moves && keyboard == Keyboard::mayMove) moveToNextKeyView();
+    if (moves && !keyboardStays_) moveToNextKeyView();
   } else if (result < 0) {
     // The editor's string is the one that is about to change.
     NSString *refused = [[[editor string] copy] autorelease];
     NSString *mended = [validator validStringFromInvalidString:refused];
     [editor setString:mended != nil ? mended : @""];
-    forgetUndo(editor);
+    forgetUndo(textView(editor));
     if (!moves) NSBeep();
   }
 }

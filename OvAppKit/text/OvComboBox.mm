@@ -1,8 +1,10 @@
 #import "text/OvComboBox.h"
 
-#import "support/DelegateSubscription.h"
-#import "support/ValidatedEditing.h"
-#import "text/FieldFocus.h"
+#include "platform/Composition.h"
+#include "support/DelegateSubscription.h"
+#include "support/Retained.h"
+#include "support/ValidatedEditing.h"
+#include "text/FieldFocus.h"
 
 NSString *const OvComboBoxBecomeFirstResponderNotification =
     @"OvComboBoxBecomeFirstResponderNotification";
@@ -108,6 +110,8 @@ struct OvComboBoxState {
 }
 
 - (void)setStringValue:(NSString *)string {
+  // Whoever hears of the judgement may take the control away.
+  const auto alive = ov::retain(self);
   NSString *judged = [self _ovEditing].judgeSetString(string);
   const ov::EditorRestart restart(self);
   [super setStringValue:judged];
@@ -125,7 +129,6 @@ OV_RESTARTING_VALUE_SETTERS
 
 - (BOOL)becomeFirstResponder {
   if (![super becomeFirstResponder]) return NO;
-  [self _ovEditing].start([self currentEditor]);
   if (!ov::isRestartingEditor(self)) post(OvComboBoxBecomeFirstResponderNotification, self);
   return YES;
 }
@@ -151,7 +154,7 @@ OV_RESTARTING_VALUE_SETTERS
 }
 
 - (BOOL)textShouldEndEditing:(NSText *)textObject {
-  [self _ovEditing].settle(textObject);
+  [self _ovEditing].commitComposition(textObject);
   const id delegate = [self delegate];
   if ([delegate respondsToSelector:@selector(comboBoxShouldEndEditing:)]) {
     return [delegate comboBoxShouldEndEditing:textObject];
@@ -168,9 +171,13 @@ OV_RESTARTING_VALUE_SETTERS
 }
 
 - (void)textDidEndEditing:(NSNotification *)notification {
-  [self _ovEditing].settle([notification object]);
+  [self _ovEditing].endComposition([notification object]);
   [super textDidEndEditing:notification];
   post(OvComboBoxDidEndEditingNotification, self);
+}
+
+- (BOOL)_ovAnnouncesUnmarkedText {
+  return YES;
 }
 
 - (void)textDidChange:(NSNotification *)notification {

@@ -24,12 +24,12 @@
 //
 // OvComboBox does the same in everything that concerns judging.
 //
-// Input methods. While the editor holds marked text, nothing is cut, coloured or judged and the
-// keyboard stays; textFieldDidChange: is posted all the same. The text is judged when it is
-// committed: by the insertion that replaces the marked text, at the next turn of the run loop
-// after -unmarkText (which tells nobody), or, at the latest, before editing ends; what is still
-// marked then is committed first. Judging at those two later moments posts DidBecomeValid and
-// DidBecomeInvalid, no DidChange; and before editing ends it moves no keyboard.
+// Input methods. While an input method composes in the editor, nothing is cut, coloured or
+// judged and the keyboard stays. What it commits is judged then, and textFieldDidChange: posted,
+// whether by -insertText: or by -unmarkText. A composition that is under way when the field is
+// about to be left is committed first, and does not move the keyboard. When editing ends without
+// a question (-[NSWindow endEditingFor:]), the text is still judged, without a DidChange.
+// Whenever -textDidChange: arrives, DidChange is posted, composing or not.
 //
 // Undo. A mended text is put into the editor in place of the refused one, with the caret at its
 // end, and the editor forgets its undo: undoing cannot bring the refused text back.

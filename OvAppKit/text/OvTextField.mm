@@ -2,10 +2,11 @@
 
 #import <OvAppKit/OvTextFieldCell.h>
 
-#import "support/DelegateSubscription.h"
-#import "support/Retained.h"
-#import "support/ValidatedEditing.h"
-#import "text/FieldFocus.h"
+#include "platform/Composition.h"
+#include "support/DelegateSubscription.h"
+#include "support/Retained.h"
+#include "support/ValidatedEditing.h"
+#include "text/FieldFocus.h"
 
 NSString *const OvTextFieldBecomeFirstResponderNotification =
     @"OvTextFieldBecomeFirstResponderNotification";
@@ -129,6 +130,8 @@ struct OvTextFieldState {
 }
 
 - (void)setStringValue:(NSString *)string {
+  // Whoever hears of the judgement may take the control away.
+  const auto alive = ov::retain(self);
   NSString *judged = [self _ovEditing].judgeSetString(string);
   const ov::EditorRestart restart(self);
   [super setStringValue:judged];
@@ -181,7 +184,6 @@ OV_RESTARTING_VALUE_SETTERS
 
 - (BOOL)becomeFirstResponder {
   if (![super becomeFirstResponder]) return NO;
-  [self _ovEditing].start([self currentEditor]);
   if (!ov::isRestartingEditor(self)) post(OvTextFieldBecomeFirstResponderNotification, self);
   return YES;
 }
@@ -207,7 +209,7 @@ OV_RESTARTING_VALUE_SETTERS
 }
 
 - (BOOL)textShouldEndEditing:(NSText *)textObject {
-  [self _ovEditing].settle(textObject);
+  [self _ovEditing].commitComposition(textObject);
   const id delegate = [self delegate];
   if ([delegate respondsToSelector:@selector(textFieldShouldEndEditing:)]) {
     return [delegate textFieldShouldEndEditing:textObject];
@@ -224,9 +226,13 @@ OV_RESTARTING_VALUE_SETTERS
 }
 
 - (void)textDidEndEditing:(NSNotification *)notification {
-  [self _ovEditing].settle([notification object]);
+  [self _ovEditing].endComposition([notification object]);
   [super textDidEndEditing:notification];
   post(OvTextFieldDidEndEditingNotification, self);
+}
+
+- (BOOL)_ovAnnouncesUnmarkedText {
+  return YES;
 }
 
 - (void)textDidChange:(NSNotification *)notification {

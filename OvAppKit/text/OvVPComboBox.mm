@@ -1,5 +1,6 @@
 #import "text/OvVPComboBox.h"
 
+#include "platform/Composition.h"
 #include "support/DelegateSubscription.h"
 #include "text/FieldFocus.h"
 
@@ -97,6 +98,10 @@ OV_RESTARTING_VALUE_SETTERS
 - (void)textDidEndEditing:(NSNotification *)notification {
   [super textDidEndEditing:notification];
   post(OvVPComboBoxDidEndEditingNotification, self);
+}
+
+- (BOOL)_ovAnnouncesUnmarkedText {
+  return YES;
 }
 
 - (void)textDidChange:(NSNotification *)notification {

@@ -1,5 +1,6 @@
 #import "text/OvVPTextField.h"
 
+#include "platform/Composition.h"
 #include "support/DelegateSubscription.h"
 #include "support/Retained.h"
 #include "text/FieldFocus.h"
@@ -134,14 +135,20 @@ OV_RESTARTING_VALUE_SETTERS
   post(OvVPTextFieldDidEndEditingNotification, self);
 }
 
+- (BOOL)_ovAnnouncesUnmarkedText {
+  return YES;
+}
+
 - (void)textDidChange:(NSNotification *)notification {
+  // Moving on may let the host drop the field.
+  const auto alive = ov::retain(self);
   [super textDidChange:notification];
-  [self moveFocusWhenFull:[notification object]];
+  [self _moveFocusWhenFull:[notification object]];
   post(OvVPTextFieldDidChangeNotification, self);
 }
 
-- (void)moveFocusWhenFull:(NSText *)editor {
-  if (!_moveNextKeyView || [_maximum doubleValue] <= 0) return;
+- (void)_moveFocusWhenFull:(NSTextView *)editor {
+  if (!_moveNextKeyView || [_maximum doubleValue] <= 0 || ov::isComposing(editor)) return;
   NSString *text = [editor string];
   if (text == nil || static_cast<double>([text length]) != [_maximum doubleValue]) return;
   NSView *next = [self nextKeyView];
