@@ -21,8 +21,8 @@
     embossing off. The initialisers send it. */
 - (void)__setup;
 
-/** Whether the text is drawn embossed. Default NO. The value is kept as it is given, and only
-    exactly YES embosses. A cell does not redraw by itself; OvTextField does. */
+/** Whether the text is drawn embossed: only when it is exactly YES. Default NO. A cell does not
+    redraw by itself; OvTextField does. */
 - (void)setEmboss:(BOOL)flag;
 - (BOOL)isEmboss;
 
@@ -39,8 +39,7 @@
 /** Draws as NSTextFieldCell does, unless embossed. An embossed text, the cell's attributed string
     with the shadow over all of it, is drawn in the frame inset by 2 points from the left and
     right and 1 point from the top and bottom; so it stands where the embossed drawing puts it and
-    not where the plain drawing would. While the text is being edited the editor shows it, and
-    nothing is embossed. */
+    not where the plain drawing would. While the text is being edited, the editor covers it. */
 - (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView *)view;
 
 @end

@@ -69,8 +69,7 @@
 }
 
 - (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView *)view {
-  // An editor without a background would show the old text beneath the new one.
-  if ([self isEmboss] != YES || _cell.in_editing) {
+  if ([self isEmboss] != YES) {
     [super drawInteriorWithFrame:frame inView:view];
     return;
   }
