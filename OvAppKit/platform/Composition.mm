@@ -88,7 +88,8 @@ std::optional<Composition> takeComposition(NSTextView *editor) {
 
 + (void)load {
   const auto exchange = [](SEL ours, SEL platforms) {
-    Class textView = [NSTextView class];
+    // Without a message: nothing is to be initialized while libraries load.
+    Class textView = objc_getClass("NSTextView");
     method_exchangeImplementations(class_getInstanceMethod(textView, ours),
                                    class_getInstanceMethod(textView, platforms));
   };
