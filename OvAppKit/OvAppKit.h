@@ -18,12 +18,15 @@
 #import <OvAppKit/NSView+OvAppKit.h>
 #import <OvAppKit/NSWindow+OvAppKit.h>
 #import <OvAppKit/OvAlphabetTextValidator.h>
+#import <OvAppKit/OvComboBox.h>
 #import <OvAppKit/OvDatePicker.h>
 #import <OvAppKit/OvDatePickerCell.h>
 #import <OvAppKit/OvMatrixView.h>
 #import <OvAppKit/OvNumberTextValidator.h>
 #import <OvAppKit/OvPathTextValidator.h>
 #import <OvAppKit/OvSjisTextValidator.h>
+#import <OvAppKit/OvTextField.h>
+#import <OvAppKit/OvTextFieldCell.h>
 #import <OvAppKit/OvTextValidator.h>
 #import <OvAppKit/OvTextViewLines.h>
 #import <OvAppKit/OvVPAlphabetFormatter.h>
