@@ -10,5 +10,6 @@
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
 #import <OvAppKit/OvMatrixView.h>
+#import <OvAppKit/OvTextValidator.h>
 #import <OvAppKit/OvTextViewLines.h>
 #import <OvFoundation/OvFoundation.h>

@@ -1,5 +1,7 @@
 #import "text/StringText.h"
 
+#import "text/StringPart.h"
+
 namespace ov {
 
 void StringText::copy(std::size_t start, std::span<char16_t> block) const {
@@ -10,15 +12,7 @@ void StringText::copy(std::size_t start, std::span<char16_t> block) const {
 
 NSString *lineString(NSString *string, LineExtent extent) {
   if (extent.length() == 0) return nil;
-  const NSRange range = NSMakeRange(extent.start, extent.length());
-  // Asked for half a character at the end, the platform answers nil for some strings, a
-  // string that cannot be printed for others.
-  NSString *line = [string substringWithRange:range];
-  if ([line length] == range.length) return line;
-  NSMutableString *whole = [NSMutableString stringWithString:string];
-  [whole deleteCharactersInRange:NSMakeRange(extent.end, [whole length] - extent.end)];
-  [whole deleteCharactersInRange:NSMakeRange(0, extent.start)];
-  return [[whole copy] autorelease];
+  return stringPart(string, NSMakeRange(extent.start, extent.length()));
 }
 
 }  // namespace ov
