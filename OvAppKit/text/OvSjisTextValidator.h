@@ -5,10 +5,10 @@
 
     The encoding is the process's own (+[NSString defaultCStringEncoding]) when that is a
     multibyte one of the kind, EUC-JP for example, and else Shift-JIS; the process's encoding is
-    never changed. Shift-JIS is counted by the table of code page 932, which has the characters
-    that Japanese users have in their fields: a digit in a circle, the wave dashes U+301C and
-   U+FF5E, the minus signs U+2212 and U+FF0D are two bytes each; half-width kana, the yen sign
-   (U+00A5) and the overline (U+203E) one.
+    never changed. Shift-JIS is counted by the table of code page 932, because it has what
+    Japanese users type: circled digits, the wave dashes U+301C and U+FF5E, the minus signs
+    U+2212 and U+FF0D are two bytes each; half-width kana, the yen sign (U+00A5) and the
+    overline (U+203E) one.
 
     What the encoding does not have is not forbidden; each UTF-16 unit of it counts as the one
     byte of a substitute, so an emoji is two, one for each half. Because every unit counts for

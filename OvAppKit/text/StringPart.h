@@ -6,8 +6,9 @@
 
 namespace ov {
 
-// The units of a range, which must lie within the string. The platform's own message answers
-// nil for some classes when the range cuts a surrogate pair. Autoreleased.
+// The units of a range, which must lie within the string. For a literal the platform's own
+// message answers nil when the range cuts a surrogate pair, and less than the range when it
+// begins with a byte order mark. Autoreleased.
 NSString *stringPart(NSString *string, NSRange range);
 
 // The first `length` units.
