@@ -28,6 +28,7 @@
 #import <OvAppKit/OvTextField.h>
 #import <OvAppKit/OvTextFieldCell.h>
 #import <OvAppKit/OvTextValidator.h>
+#import <OvAppKit/OvTextView.h>
 #import <OvAppKit/OvTextViewLines.h>
 #import <OvAppKit/OvVPAlphabetFormatter.h>
 #import <OvAppKit/OvVPComboBox.h>

@@ -21,6 +21,8 @@ constexpr bool isLineBreak(char16_t unit) { return unit == u'\n' || unit == u'\r
 class TextUnits {
  public:
   explicit TextUnits(std::size_t length) : length_(length) {}
+  TextUnits(const TextUnits&) = delete;
+  TextUnits& operator=(const TextUnits&) = delete;
 
   std::size_t length() const { return length_; }
   // Fills all of `block` with the units from `start` on; they exist.

@@ -61,6 +61,8 @@ struct SplitCase {
   std::vector<LineExtent> lines;
 };
 
+void PrintTo(const SplitCase& row, std::ostream* out) { *out << row.name; }
+
 class Splitting : public testing::TestWithParam<SplitCase> {};
 
 TEST_P(Splitting, FindsEveryLine) {
@@ -103,6 +105,8 @@ struct CountCase {
   std::size_t breaks;
 };
 
+void PrintTo(const CountCase& row, std::ostream* out) { *out << row.name; }
+
 class BreaksBefore : public testing::TestWithParam<CountCase> {};
 
 TEST_P(BreaksBefore, AreCounted) {
@@ -130,6 +134,8 @@ struct BeforeCase {
   std::size_t location;
   LineExtent line;
 };
+
+void PrintTo(const BeforeCase& row, std::ostream* out) { *out << row.name; }
 
 class LineBefore : public testing::TestWithParam<BeforeCase> {};
 
