@@ -17,7 +17,6 @@
   if (![super becomeFirstResponder]) return NO;
   if (_state->announcedFirstResponder) return YES;
   _state->announcedFirstResponder = true;
-  if ([self delegate] == self) _state->editing.start(self);
   [self _ovPost:OvTextViewBecomeFirstResponderNotification userInfo:nil];
   return YES;
 }

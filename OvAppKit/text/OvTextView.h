@@ -18,8 +18,7 @@
 //
 // While an input method composes (the view has marked text), nothing is judged, cut or
 // coloured, and Return, Enter and Tab go to the input method. The text is judged when it is
-// committed, in the next turn of the run loop at the latest; DidChange is posted for each change
-// that the platform tells of.
+// committed, by -insertText:, by -unmarkText or by leaving the view; each commit posts DidChange.
 //
 // Each view needs a layout manager of its own: of several views that share one, only the first
 // that is given a delegate has one.

@@ -146,8 +146,6 @@ static const ov::ValidatedEditingRules kRules = {
   [super setDelegate:delegate != nil ? self : nil];
   if (wasOwnDelegate) ov::restoreTextViewObservers(self);
   [self setMyDelegate:delegate];
-  // The inherited initialiser decodes a delegate before there is a state.
-  if (_state != nullptr) _state->editing.start(delegate != nil ? self : nil);
 }
 
 - (void)setMyDelegate:(id)delegate {
@@ -170,7 +168,7 @@ static const ov::ValidatedEditingRules kRules = {
 }
 
 - (BOOL)textShouldEndEditing:(NSText *)text {
-  _state->editing.settle(text);
+  _state->editing.commitComposition(text);
   if ([_myDelegate respondsToSelector:@selector(textViewShouldEndEditing:)]) {
     return [_myDelegate textViewShouldEndEditing:text];
   }
@@ -186,7 +184,7 @@ static const ov::ValidatedEditingRules kRules = {
 
 - (void)textDidEndEditing:(NSNotification *)notification {
   if ([self layoutManager] == nil) return;
-  _state->editing.settle([notification object]);
+  _state->editing.commitComposition([notification object]);
   [self _ovPost:OvTextViewDidEndEditingNotification userInfo:nil];
 }
 
@@ -212,6 +210,18 @@ static const ov::ValidatedEditingRules kRules = {
     [super unmarkText];
   }
   [super insertText:text];
+}
+
+// Committing a composition this way is a change that the platform tells nobody of.
+- (void)unmarkText {
+  const BOOL marked = [self hasMarkedText];
+  const NSUInteger length = [[self string] length];
+  if (marked && NSMaxRange([self markedRange]) > length) {
+    // The platform would change attributes at a place that is gone.
+    [self setMarkedText:@"" selectedRange:NSMakeRange(length, 0)];
+  }
+  [super unmarkText];
+  if (marked && [self delegate] == self) [self didChangeText];
 }
 
 - (void)didChangeText {
