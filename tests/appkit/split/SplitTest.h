@@ -66,6 +66,8 @@ inline constexpr CGFloat kParked = 1000000;
   // Called with each notification's and question's line.
   std::function<void(const std::string &)> onLine;
 }
+// For what a delegate observes by itself: "own".
+- (void)ownNotice:(NSNotification *)notification;
 @end
 
 // The same two limits and positions, in single precision.
