@@ -5,5 +5,6 @@
 namespace bench {
 
 void grid();
+void split();
 
 }  // namespace bench
