@@ -158,8 +158,9 @@ TEST_F(SplitAutosave, OddNamesAreNames) {
   const unichar units[] = {0xD800, 'a', 0, 'b'};
   NSString *broken = [NSString stringWithCharacters:units length:4];
   // A broken pair, and a zero within.
-  for (NSString *odd : {broken, (NSString *)@" ", @"\n", [NSString stringWithUTF8String:"日本語"],
-                        [@"x" stringByPaddingToLength:10000 withString:@"x" startingAtIndex:0]}) {
+  for (NSString *odd : std::initializer_list<NSString *>{
+           broken, @" ", @"\n", [NSString stringWithUTF8String:"日本語"],
+           [@"x" stringByPaddingToLength:10000 withString:@"x" startingAtIndex:0]}) {
     OvSplitView *split = makeSplit({147, 147});
     EXPECT_TRUE(name(split, odd));
     [split setFrameSize:NSMakeSize(594, 200)];
