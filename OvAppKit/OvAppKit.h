@@ -10,6 +10,17 @@
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
 #import <OvAppKit/HXSplitView.h>
+#import <OvAppKit/OvAlphabetTextValidator.h>
 #import <OvAppKit/OvMatrixView.h>
+#import <OvAppKit/OvNumberTextValidator.h>
+#import <OvAppKit/OvPathTextValidator.h>
+#import <OvAppKit/OvSjisTextValidator.h>
 #import <OvAppKit/OvSplitView.h>
+#import <OvAppKit/OvTextValidator.h>
+#import <OvAppKit/OvTextViewLines.h>
+#import <OvAppKit/OvVPAlphabetFormatter.h>
+#import <OvAppKit/OvVPFormatter.h>
+#import <OvAppKit/OvVPNumberFormatter.h>
+#import <OvAppKit/OvVPPathFormatter.h>
+#import <OvAppKit/OvVPSjisFormatter.h>
 #import <OvFoundation/OvFoundation.h>

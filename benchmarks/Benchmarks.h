@@ -6,5 +6,6 @@ namespace bench {
 
 void grid();
 void split();
+void text();
 
 }  // namespace bench

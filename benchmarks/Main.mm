@@ -20,6 +20,7 @@ int main() {
     [NSApp finishLaunching];
     bench::grid();
     bench::split();
+    bench::text();
     std::printf("\n%d limits exceeded\n", bench::exceeded());
     std::fflush(stdout);
   }
