@@ -2,6 +2,8 @@
 
 #import <OvAppKit/OvSplitView.h>
 
+#include <algorithm>
+
 #import "split/OvSplitView+Private.h"
 #include "split/ThicknessDistribution.h"
 #include "support/Retained.h"
@@ -19,21 +21,45 @@
     thicknesses.push_back(collapsed ? 0 : ov::alongAxis([pane frame].size, vertical));
   }
   const std::vector<float> origins = ov::dividerOrigins(thicknesses, [self dividerThickness]);
+  // All at once: a hundred panes would be marked twice each, and every mark goes up the
+  // hierarchy.
+  NSRect changed = NSZeroRect;
+  std::size_t marked = 0;  // panes up to here
   for (std::size_t i = 0; i < origins.size(); ++i) {
-    [self _setDividerAtIndex:static_cast<uint32_t>(i) toDistanceFromBase:origins[i]];
+    const NSRect divider = [self _ovFrameOfDividerAt:origins[i]];
+    if (![self _ovStoreDivider:divider atIndex:i]) continue;
+    changed = NSUnionRect(changed, divider);
+    for (std::size_t k = std::max(marked, i); k < i + 2; ++k) {
+      NSView *pane = [panes objectAtIndex:k];
+      if (std::ranges::find(_state->marked, pane) == _state->marked.end())
+        [pane setNeedsDisplay:YES];
+    }
+    marked = i + 2;
   }
+  _state->marked.clear();
+  if (!NSIsEmptyRect(changed)) [self setNeedsDisplayInRect:changed];
   while ([_dividers count] > origins.size()) [_dividers removeLastObject];
   [self _resetToolTipRect];
   [self _ovCursorRectsDidChange];
 }
 
-- (void)_setDividerAtIndex:(uint32_t)index toDistanceFromBase:(float)distance {
-  while ([_dividers count] <= index) [_dividers addObject:[NSValue valueWithRect:NSZeroRect]];
+- (NSRect)_ovFrameOfDividerAt:(float)distance {
   const BOOL vertical = [self isVertical];
-  const NSRect frame = ov::rectOnAxis(distance, [self dividerThickness],
-                                      ov::acrossAxis([self frame].size, vertical), vertical);
-  if (NSEqualRects(frame, [[_dividers objectAtIndex:index] rectValue])) return;
+  return ov::rectOnAxis(distance, [self dividerThickness],
+                        ov::acrossAxis([self frame].size, vertical), vertical);
+}
+
+// NO if it is there already.
+- (BOOL)_ovStoreDivider:(NSRect)frame atIndex:(NSUInteger)index {
+  while ([_dividers count] <= index) [_dividers addObject:[NSValue valueWithRect:NSZeroRect]];
+  if (NSEqualRects(frame, [[_dividers objectAtIndex:index] rectValue])) return NO;
   [_dividers replaceObjectAtIndex:index withObject:[NSValue valueWithRect:frame]];
+  return YES;
+}
+
+- (void)_setDividerAtIndex:(uint32_t)index toDistanceFromBase:(float)distance {
+  const NSRect frame = [self _ovFrameOfDividerAt:distance];
+  if (![self _ovStoreDivider:frame atIndex:index]) return;
   [self setNeedsDisplayInRect:frame];
   NSArray *panes = [self subviews];
   for (NSUInteger pane = index; pane <= NSUInteger{index} + 1 && pane < [panes count]; ++pane) {
@@ -58,10 +84,11 @@
 
 #pragma mark Cursor
 
-// The platform sends this after a move of the view as well, without discarding first.
+// The platform sends this after a move of the view as well, without discarding first; and
+// in the middle of a resize, when the dividers are the old ones.
 - (void)resetCursorRects {
   [self discardCursorRects];
-  if (_state == nullptr) return;
+  if (_state == nullptr || _state->resizing) return;
   for (NSValue *divider in _dividers) {
     [self addCursorRect:[divider rectValue] cursor:_currentCursor];
   }
@@ -84,6 +111,14 @@
   for (NSValue *divider in _dividers) {
     [self addToolTipRect:[divider rectValue] owner:self userData:nullptr];
   }
+  _state->tipsVisibleRect = [self visibleRect];
+}
+
+// Without a text nothing is installed at each resize, unless a subclass supplies texts.
+- (BOOL)_ovHasToolTips {
+  const SEL question = @selector(view:stringForToolTip:point:userData:);
+  return [self toolTip] != nil ||
+         [self methodForSelector:question] != [OvSplitView instanceMethodForSelector:question];
 }
 
 - (NSString *)view:(NSView *)view
@@ -101,6 +136,7 @@
 
 - (NSToolTipTag)addToolTipRect:(NSRect)rect owner:(id)owner userData:(void *)userData {
   if (_state == nullptr) return [super addToolTipRect:rect owner:owner userData:userData];
+  if (owner == self && ![self _ovHasToolTips]) return 0;
   return [_state->toolTips addRect:rect owner:owner userData:userData];
 }
 

@@ -105,6 +105,9 @@ struct DragProgress {
   };
   const PressedDivider pressed = [self _ovPressDivider:index at:positionOf(event)];
   [_state->toolTips mousePressed];
+  // A drag in a drag, by a delegate that posts events, goes on with the first one's.
+  const bool saves = _autosaveName != nil && _state->dragSaves == nullptr;
+  if (saves) _state->dragSaves = std::make_unique<ov::DeferredDefault>();
   const NSUInteger mask = NSLeftMouseUpMask | NSLeftMouseDraggedMask;
   DragProgress progress;
   do {
@@ -119,6 +122,7 @@ struct DragProgress {
     }
     [event autorelease];
   } while ([event type] == NSLeftMouseDragged);
+  if (saves) _state->dragSaves.reset();
   [_state->toolTips mouseReleased];
   [self _resetToolTipRect];
   [self _ovCursorRectsDidChange];

@@ -53,7 +53,8 @@ static void post(NSString *name, OvSplitView *splitView, NSDictionary *userInfo 
 }
 
 - (BOOL)isSubviewCollapsed:(NSView *)subview {
-  return subview != nil && [_collapsedSubviews indexOfObjectIdenticalTo:subview] != NSNotFound;
+  return [_collapsedSubviews count] > 0 && subview != nil &&
+         [_collapsedSubviews indexOfObjectIdenticalTo:subview] != NSNotFound;
 }
 
 - (BOOL)isSubviewCollapsedAtIndex:(uint32_t)index {
@@ -75,6 +76,8 @@ static void post(NSString *name, OvSplitView *splitView, NSDictionary *userInfo 
 
 - (void)resizeSubviewsWithOldSize:(NSSize)oldSize {
   if (_state == nullptr) return;  // the initialiser of a superclass is still at work
+  _state->resizing = false;
+  _state->marked.clear();
   const auto kept = ov::retain(self);
   post(NSSplitViewWillResizeSubviewsNotification, self);
   if ([_delegate respondsToSelector:@selector(splitView:resizeSubviewsWithOldSize:)]) {
@@ -92,8 +95,16 @@ static void post(NSString *name, OvSplitView *splitView, NSDictionary *userInfo 
   if (NSEqualSizes(frame.size, [self frame].size)) {
     [self setFrameOrigin:frame.origin];
   } else {
+    if (_state != nullptr) _state->resizing = true;
     [super setFrame:frame];
+    if (_state != nullptr) _state->resizing = false;
   }
+}
+
+- (void)setFrameSize:(NSSize)size {
+  if (_state != nullptr) _state->resizing = true;
+  [super setFrameSize:size];
+  if (_state != nullptr) _state->resizing = false;
 }
 
 // The platform lays out once more at the first display, without notifications or dividers.
@@ -104,6 +115,7 @@ static void post(NSString *name, OvSplitView *splitView, NSDictionary *userInfo 
 #pragma mark Sharing the space
 
 - (void)adjustSubviews {
+  // A copy: expanding a pane tells others, who may add or remove some.
   NSArray *panes = [self subviews];
   const NSUInteger count = [panes count];
   if (count == 0) return;
@@ -126,22 +138,18 @@ static void post(NSString *name, OvSplitView *splitView, NSDictionary *userInfo 
                                                      count, [self dividerThickness]),
                               firstShown, [] { return rand(); });
 
-  NSMutableArray *thicknesses = [NSMutableArray arrayWithCapacity:count];
-  for (const std::uint32_t share : shares) {
-    [thicknesses addObject:[NSNumber numberWithUnsignedInt:share]];
-  }
-  [self _updateSubviewsWithThicknesses:thicknesses];
+  [self _ovApplyShares:shares to:panes];
 }
 
 - (void)_updateSubviewsWithThicknesses:(NSArray *)thicknesses {
-  // Expanding a pane tells others, who may add or remove some.
-  NSArray *panes = [[[self subviews] copy] autorelease];
-  if ([panes count] == 0 || [thicknesses count] < [panes count]) return;
   std::vector<std::uint32_t> shares;
-  shares.reserve([panes count]);
+  shares.reserve([thicknesses count]);
   for (NSNumber *thickness in thicknesses) shares.push_back([thickness unsignedIntValue]);
-  shares.resize([panes count]);
+  [self _ovApplyShares:shares to:[self subviews]];
+}
 
+- (void)_ovApplyShares:(const std::vector<std::uint32_t> &)shares to:(NSArray *)panes {
+  if (shares.size() != [panes count]) return;
   const BOOL vertical = [self isVertical];
   const NSSize size = [self frame].size;
   const std::vector<ov::AxisSpan> spans =
@@ -156,6 +164,7 @@ static void post(NSString *name, OvSplitView *splitView, NSDictionary *userInfo 
     if (NSEqualRects(frame, [pane frame])) continue;
     [pane setFrame:frame];
     [pane setNeedsDisplay:YES];
+    _state->marked.push_back(pane);
   }
 }
 

@@ -2,16 +2,11 @@
 
 #import <OvAppKit/OvSplitView.h>
 
+#import "split/LayoutSnapshot.h"
 #import "split/OvSplitView+Private.h"
 #include "split/StoredLayout.h"
 #include "support/GeometryBridge.h"
 #include "support/Retained.h"
-
-static NSString *const OvVersionKey = @"Format Version";
-static NSString *const OvIsVerticalKey = @"SplitView IsVertical";
-static NSString *const OvSubviewsKey = @"Subviews";
-static NSString *const OvFrameKey = @"Subview Frame";
-static NSString *const OvCollapsedKey = @"Subview Collapsed";
 
 // The names that live split views save under.
 static NSMutableSet *autosaveNames;
@@ -37,28 +32,28 @@ static id numberIn(id dictionary, NSString *key) {
 
 #pragma mark As a property list
 
-- (NSMutableDictionary *)stringWithSavedLayout {
-  NSMutableArray *entries = [NSMutableArray array];
-  for (NSView *pane in [self subviews]) {
-    // Not the platform's text, which keeps six digits.
-    const std::string frame = ov::textOfRect(ov::fromNS([pane frame]));
-    [entries addObject:@{
-      OvFrameKey : [NSString stringWithUTF8String:frame.c_str()],
-      OvCollapsedKey : [NSNumber numberWithBool:[self isSubviewCollapsed:pane]]
-    }];
+- (ov::SavedLayout)_ovLayout {
+  ov::SavedLayout layout;
+  layout.vertical = [self isVertical];
+  NSArray *panes = [self subviews];
+  layout.panes.reserve([panes count]);
+  for (NSView *pane in panes) {
+    layout.panes.push_back({[pane frame], static_cast<bool>([self isSubviewCollapsed:pane])});
   }
-  return [NSMutableDictionary
-      dictionaryWithObjectsAndKeys:@1, OvVersionKey, [NSNumber numberWithBool:[self isVertical]],
-                                   OvIsVerticalKey, entries, OvSubviewsKey, nil];
+  return layout;
+}
+
+- (NSMutableDictionary *)stringWithSavedLayout {
+  return OvPropertyListOfLayout([self _ovLayout]);
 }
 
 - (void)setLayoutFromString:(id)layout {
   const auto kept = ov::retain(self);
   const auto keptLayout = ov::retain(layout);
-  if ([numberIn(layout, OvVersionKey) intValue] == 1) {
-    id vertical = numberIn(layout, OvIsVerticalKey);
+  if ([numberIn(layout, OvLayoutVersionKey) intValue] == 1) {
+    id vertical = numberIn(layout, OvLayoutIsVerticalKey);
     if (vertical != nil) [self setVertical:[vertical boolValue]];
-    NSArray *entries = valueOfClass(layout, OvSubviewsKey, [NSArray class]);
+    NSArray *entries = valueOfClass(layout, OvLayoutSubviewsKey, [NSArray class]);
     // Observers of a collapse may change the panes.
     for (NSUInteger i = 0; i < [entries count] && i < [[self subviews] count]; ++i) {
       [self _ovApplyEntry:[entries objectAtIndex:i] toSubview:[[self subviews] objectAtIndex:i]];
@@ -68,14 +63,14 @@ static id numberIn(id dictionary, NSString *key) {
 }
 
 - (void)_ovApplyEntry:(id)entry toSubview:(NSView *)pane {
-  NSString *text = valueOfClass(entry, OvFrameKey, [NSString class]);
+  NSString *text = valueOfClass(entry, OvLayoutFrameKey, [NSString class]);
   // A rectangle is at most some hundred characters.
   if ([text length] > 0 && [text length] < 4096) {
     const char *characters = [text UTF8String];
     const auto frame = ov::rectFromText(characters != nullptr ? characters : "");
     if (frame) [pane setFrame:ov::toNS(*frame)];
   }
-  id collapsed = numberIn(entry, OvCollapsedKey);
+  id collapsed = numberIn(entry, OvLayoutCollapsedKey);
   if (collapsed != nil) [self setSubview:pane isCollapsed:[collapsed boolValue]];
 }
 
@@ -87,8 +82,20 @@ static id numberIn(id dictionary, NSString *key) {
 
 - (void)saveLayoutUsingName:(NSString *)name {
   if (name == nil) return;
-  [[NSUserDefaults standardUserDefaults] setObject:[self stringWithSavedLayout]
-                                            forKey:[OvSplitView _userDefaultsKeyForName:name]];
+  NSString *key = [OvSplitView _userDefaultsKeyForName:name];
+  if (_state->dragSaves != nullptr && [name isEqual:_autosaveName]) {
+    _state->dragSaves->set(key, [self _ovLayoutToStore].get());
+  } else {
+    [[NSUserDefaults standardUserDefaults] setObject:[self stringWithSavedLayout] forKey:key];
+  }
+}
+
+- (ov::Retained<id>)_ovLayoutToStore {
+  const SEL saved = @selector(stringWithSavedLayout);
+  if ([self methodForSelector:saved] != [OvSplitView instanceMethodForSelector:saved]) {
+    return ov::retain<id>([self stringWithSavedLayout]);  // a subclass has more to say
+  }
+  return ov::adopt<id>([[_OvLayoutSnapshot alloc] initWithLayout:[self _ovLayout]]);
 }
 
 - (BOOL)setLayoutUsingName:(NSString *)name {

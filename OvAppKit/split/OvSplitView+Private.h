@@ -4,8 +4,12 @@
 
 #import <OvAppKit/OvSplitView.h>
 
+#include <memory>
+#include <vector>
+
 #include "platform/ToolTipRegions.h"
 #include "platform/TrackingRects.h"
+#import "split/DeferredDefault.h"
 
 // State beyond the promised variables.
 struct OvSplitViewState {
@@ -23,6 +27,12 @@ struct OvSplitViewState {
   _OvToolTipRegions *toolTips = nil;
   // A collapsed pane is being expanded for want of another one to take the space.
   bool expandingForSpace = false;
+  // The platform has changed the size, and not laid out yet.
+  bool resizing = false;
+  // The panes that the layout under way has marked for display; not retained, only compared.
+  std::vector<NSView *> marked;
+  // Takes what is saved under the autosave name while a divider is dragged.
+  std::unique_ptr<ov::DeferredDefault> dragSaves;
   // What of the view could be seen when the tool tips were installed.
   NSRect tipsVisibleRect = NSZeroRect;
 };
@@ -37,6 +47,7 @@ static const CGFloat OvOffscreen = 1000000;
 // For a system of that version; see OvGestaltOSVersion().
 - (void)_ovSetupCursorsForSystemVersion:(int)version;
 
+// One number for each pane; any other count changes nothing.
 - (void)_updateSubviewsWithThicknesses:(NSArray *)thicknesses;
 - (void)_collapsedSubviewsToOffscreen;
 

@@ -123,7 +123,9 @@ static ov::Retained<NSCursor *> ownCursor(NSString *name) {
 #pragma mark Tool tip
 
 - (void)setToolTip:(NSString *)string {
+  const bool had = _tooltip != nil;
   OvReplaceRetained(&_tooltip, string);
+  if (_state != nullptr && had != (string != nil)) [self _resetToolTipRect];
 }
 
 - (NSString *)toolTip {

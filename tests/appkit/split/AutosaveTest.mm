@@ -155,16 +155,19 @@ TEST_F(SplitAutosave, ThePlatformsOwnNameIsIgnored) {
 }
 
 TEST_F(SplitAutosave, OddNamesAreNames) {
-  const unichar units[] = {0xD800, 'a', 0, 'b'};
-  NSString *broken = [NSString stringWithCharacters:units length:4];
-  // A broken pair, and a zero within.
-  for (NSString *odd : std::initializer_list<NSString *>{
-           broken, @" ", @"\n", [NSString stringWithUTF8String:"日本語"],
-           [@"x" stringByPaddingToLength:10000 withString:@"x" startingAtIndex:0]}) {
+  const unichar units[] = {'a', 0, 'b'};
+  NSMutableString *longName = [NSMutableString string];
+  for (int i = 0; i < 10000; ++i) [longName appendString:@"x"];
+  NSArray *names = @[
+    [[[NSString alloc] initWithCharacters:units length:3] autorelease], @" ", @"\n",
+    [NSString stringWithUTF8String:"\xE6\x97\xA5"], longName
+  ];
+  for (NSString *odd in names) {
     OvSplitView *split = makeSplit({147, 147});
     EXPECT_TRUE(name(split, odd));
+    EXPECT_TRUE([[split layoutAutosaveName] isEqual:odd]);
     [split setFrameSize:NSMakeSize(594, 200)];
-    EXPECT_TRUE(isStored(split, odd)) << [odd length] << " units";
+    EXPECT_TRUE(isStored(split, odd)) << [names indexOfObject:odd];
     [split setLayoutAutosaveName:nil];
     [OvSplitView removeLayoutUsingName:odd];
   }

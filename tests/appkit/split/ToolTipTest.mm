@@ -32,6 +32,7 @@ class SplitToolTips : public SplitTest {
     OvTestTipSplit *split =
         [[[OvTestTipSplit alloc] initWithFrame:NSMakeRect(10, 20, 300, 200)] autorelease];
     [split setVertical:YES];
+    [split setToolTip:@"a tip for a divider"];
     for (int i = 0; i < count; ++i) {
       [split addSubview:[[[OvTestPane alloc] initWithFrame:NSMakeRect(0, 0, 50, 50)] autorelease]];
     }
@@ -48,14 +49,17 @@ class SplitToolTips : public SplitTest {
 };
 
 TEST_F(SplitToolTips, TextIsOneForAllDividersAndRetained) {
-  OvSplitView *split = make(3);
+  OvSplitView *split = makeSplit({96, 96, 96});
+  EXPECT_EQ(rectCount(split), 0U);
   EXPECT_EQ([split view:split stringForToolTip:1 point:NSZeroPoint userData:nullptr], nil);
   NSMutableString *tip = [NSMutableString stringWithString:@"drag me"];
   [split setToolTip:tip];
   EXPECT_EQ([split toolTip], tip) << "retained, not copied";
   EXPECT_EQ([split view:split stringForToolTip:1 point:NSZeroPoint userData:nullptr], tip);
+  EXPECT_EQ(rectCount(split), 2U);
   [split setToolTip:nil];
   EXPECT_EQ([split toolTip], nil);
+  EXPECT_EQ(rectCount(split), 0U);
 }
 
 TEST_F(SplitToolTips, EachResizeGivesEachDividerATip) {
@@ -85,7 +89,6 @@ TEST_F(SplitToolTips, ADragResetsThemAtItsEnd) {
 
 TEST_F(SplitToolTips, PointerOverADividerShowsIt) {
   OvTestTipSplit *split = make(2);
-  [split setToolTip:@"a tip for a divider"];
   show([split window]);
   warpPointer(split, NSMakePoint(150, 100));
   movePointer(split, NSMakePoint(50, 100));
