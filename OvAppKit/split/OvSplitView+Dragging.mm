@@ -36,6 +36,25 @@ struct DragProgress {
   bool late = false;         // the last step that was taken took too long
 };
 
+// What lasts as long as a drag does, also one that an exception ends.
+class DragScope {
+ public:
+  DragScope(OvSplitViewState *state, bool saves) : state_(state), saves_(saves) {
+    [state_->toolTips mousePressed];
+    if (saves_) state_->dragSaves = std::make_unique<ov::DeferredDefault>();
+  }
+  ~DragScope() {
+    if (saves_) state_->dragSaves.reset();
+    [state_->toolTips mouseReleased];
+  }
+  DragScope(const DragScope &) = delete;
+  DragScope &operator=(const DragScope &) = delete;
+
+ private:
+  OvSplitViewState *state_;
+  bool saves_;
+};
+
 }  // namespace
 
 @implementation OvSplitView (OvSplitViewDragging)
@@ -104,26 +123,24 @@ struct DragProgress {
     return static_cast<float>(ov::alongAxis(point, vertical));
   };
   const PressedDivider pressed = [self _ovPressDivider:index at:positionOf(event)];
-  [_state->toolTips mousePressed];
-  // A drag in a drag, by a delegate that posts events, goes on with the first one's.
-  const bool saves = _autosaveName != nil && _state->dragSaves == nullptr;
-  if (saves) _state->dragSaves = std::make_unique<ov::DeferredDefault>();
   const NSUInteger mask = NSLeftMouseUpMask | NSLeftMouseDraggedMask;
-  DragProgress progress;
-  do {
-    @autoreleasepool {
-      [self _ovDrag:pressed to:positionOf(event) + pressed.grab progress:progress];
-      if (![self _ovStillHas:pressed]) break;
-      // Drawing takes place in here, once no further position waits.
-      event = [[[self window] nextEventMatchingMask:mask
-                                          untilDate:[NSDate distantFuture]
-                                             inMode:NSEventTrackingRunLoopMode
-                                            dequeue:YES] retain];
-    }
-    [event autorelease];
-  } while ([event type] == NSLeftMouseDragged);
-  if (saves) _state->dragSaves.reset();
-  [_state->toolTips mouseReleased];
+  {
+    // A drag in a drag, by a delegate that posts events, saves as the first one does.
+    const DragScope scope(_state, _autosaveName != nil && _state->dragSaves == nullptr);
+    DragProgress progress;
+    do {
+      @autoreleasepool {
+        [self _ovDrag:pressed to:positionOf(event) + pressed.grab progress:progress];
+        if (![self _ovStillHas:pressed]) break;
+        // Drawing takes place in here, once no further position waits.
+        event = [[[self window] nextEventMatchingMask:mask
+                                            untilDate:[NSDate distantFuture]
+                                               inMode:NSEventTrackingRunLoopMode
+                                              dequeue:YES] retain];
+      }
+      [event autorelease];
+    } while ([event type] == NSLeftMouseDragged);
+  }
   [self _resetToolTipRect];
   [self _ovCursorRectsDidChange];
 }

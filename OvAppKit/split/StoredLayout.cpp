@@ -35,11 +35,12 @@ std::optional<Rect> rectFromText(std::string_view text) {
   std::size_t found = 0;
   const char* const end = text.data() + text.size();
   for (const char* at = text.data(); at != end && found < numbers.size();) {
-    const std::size_t left = static_cast<std::size_t>(end - at);
+    const auto left = static_cast<std::size_t>(end - at);
     const auto digitAt = [&](std::size_t i) { return i < left && isDigit(at[i]); };
-    const bool sign = *at == '-';
-    const bool point = left > sign && at[sign] == '.';
-    if (digitAt(std::size_t{sign} + std::size_t{point})) {
+    // Past a sign and a point.
+    std::size_t first = *at == '-' ? 1 : 0;
+    if (first < left && at[first] == '.') ++first;
+    if (digitAt(first)) {
       const auto read = std::from_chars(at, end, numbers[found]);
       if (read.ec != std::errc()) return std::nullopt;
       ++found;

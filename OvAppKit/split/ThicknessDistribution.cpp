@@ -32,7 +32,7 @@ std::vector<std::uint32_t> distributeThickness(const std::vector<std::uint32_t>&
   std::vector<std::uint32_t> shares = wishes;
   std::uint64_t wished = 0;
   std::uint64_t candidates = 0;  // panes with a wish that the draw has not come to
-  for (std::uint32_t wish : wishes) {
+  for (const std::uint32_t wish : wishes) {
     wished += wish;
     if (wish != 0) ++candidates;
   }
@@ -68,7 +68,7 @@ std::vector<std::uint32_t> distributeThickness(const std::vector<std::uint32_t>&
 
 std::vector<AxisSpan> placePanes(const std::vector<std::uint32_t>& shares, Scalar own,
                                  Scalar dividerThickness) {
-  const float divider = static_cast<float>(dividerThickness);
+  const auto divider = static_cast<float>(dividerThickness);
   const Index count = shares.size();
   Index last = kNoIndex;
   for (Index i = 0; i < count; ++i) {
@@ -78,7 +78,7 @@ std::vector<AxisSpan> placePanes(const std::vector<std::uint32_t>& shares, Scala
   float position = 0;
   for (Index i = 0; i < count; ++i) {
     if (shares[i] != 0) {
-      float length = static_cast<float>(shares[i]);
+      auto length = static_cast<float>(shares[i]);
       if (i == last) {
         length = std::max(0.0F, static_cast<float>(own) - position -
                                     static_cast<float>(count - 1 - last) * divider);

@@ -62,7 +62,38 @@ TEST_F(SplitAutosave, SavesAtEachStepOfADrag) {
   };
   drag(split, 0, distances);
   EXPECT_EQ(steps, 21);
+  NSString *key = [OvSplitView _userDefaultsKeyForName:kName];
+  NSUserDefaults *defaults = [NSUserDefaults standardUserDefaults];
+  NSDictionary *persistent =
+      [defaults persistentDomainForName:[[NSProcessInfo processInfo] processName]];
+  EXPECT_TRUE([[persistent objectForKey:key] isEqual:[split stringWithSavedLayout]]);
   EXPECT_TRUE(isStored(split, kName));
+}
+
+// What a drag has saved is stored for good when it ends, however it ends.
+TEST_F(SplitAutosave, ADragThatAnExceptionEndsIsStored) {
+  OvSplitView *split = makeSplit({147, 147});
+  name(split, kName);
+  delegate->has = {"splitView:constrainSplitPosition:ofSubviewAt:"};
+  int steps = 0;
+  delegate->onLine = [&](const std::string &) {
+    if (++steps == 3) [NSException raise:@"Test" format:@"in a drag"];
+  };
+  [split setDelegate:delegate];
+  bool raised = false;
+  @try {
+    drag(split, 0, {10, 20, 30});
+  } @catch (NSException *exception) {
+    raised = true;
+  }
+  EXPECT_TRUE(raised);
+  discardPending();
+  delegate->onLine = nullptr;
+  NSUserDefaults *defaults = [NSUserDefaults standardUserDefaults];
+  EXPECT_FALSE([[defaults volatileDomainNames] containsObject:@"OvDeferredDefaults"]);
+  EXPECT_FALSE([[defaults searchList] containsObject:@"OvDeferredDefaults"]);
+  EXPECT_TRUE(isStored(split, kName));
+  EXPECT_EQ(spans(split), "0+157 163+137");
 }
 
 TEST_F(SplitAutosave, RestoresAtOnce) {

@@ -55,7 +55,7 @@ TEST_F(SplitLock, MarksTheViewOnlyWhenItChanges) {
   [[split window] display];
   [split setMouseLocked:NO];
   EXPECT_FALSE([split needsDisplay]);
-  [split setMouseLocked:42];  // any value but NO
+  [split setMouseLocked:YES];
   EXPECT_TRUE([split needsDisplay]);
   [[split window] display];
   [split setMouseLocked:YES];
