@@ -19,6 +19,7 @@ int main() {
     [NSApplication sharedApplication];
     [NSApp finishLaunching];
     bench::grid();
+    bench::split();
     bench::text();
     std::printf("\n%d limits exceeded\n", bench::exceeded());
     std::fflush(stdout);
