@@ -9,6 +9,7 @@
 #import <OvAppKit/HXMatrixViewSelectionInfo.h>
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
+#import <OvAppKit/HXSplitView.h>
 #import <OvAppKit/OvAlphabetTextValidator.h>
 #import <OvAppKit/OvComboBox.h>
 #import <OvAppKit/OvDatePicker.h>
@@ -17,6 +18,7 @@
 #import <OvAppKit/OvNumberTextValidator.h>
 #import <OvAppKit/OvPathTextValidator.h>
 #import <OvAppKit/OvSjisTextValidator.h>
+#import <OvAppKit/OvSplitView.h>
 #import <OvAppKit/OvTextField.h>
 #import <OvAppKit/OvTextFieldCell.h>
 #import <OvAppKit/OvTextValidator.h>
