@@ -26,6 +26,7 @@
 #import <OvAppKit/OvTextField.h>
 #import <OvAppKit/OvTextFieldCell.h>
 #import <OvAppKit/OvTextValidator.h>
+#import <OvAppKit/OvTextViewLines.h>
 #import <OvAppKit/OvVPAlphabetFormatter.h>
 #import <OvAppKit/OvVPComboBox.h>
 #import <OvAppKit/OvVPFormatter.h>

@@ -14,7 +14,8 @@ class StringUnits {
   size_t length() const { return length_; }
 
   char16_t operator[](size_t index) const {
-    if (index < start_ || index >= start_ + count_) load(index);
+    // Before the block as well: the difference is unsigned.
+    if (index - start_ >= count_) load(index);
     return block_[index - start_];
   }
 

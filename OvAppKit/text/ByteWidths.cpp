@@ -2,6 +2,8 @@
 
 #include <iconv.h>
 
+#include <bit>
+
 namespace ov {
 
 namespace {
@@ -16,7 +18,7 @@ class Converter {
   Converter& operator=(const Converter&) = delete;
 
   // The C library marks a handle that it could not open with an address of -1.
-  bool isOpen() const { return reinterpret_cast<intptr_t>(handle_) != -1; }
+  bool isOpen() const { return std::bit_cast<intptr_t>(handle_) != -1; }
 
   // 0 for what cannot be converted.
   unsigned bytesOf(char16_t unit) {

@@ -60,19 +60,27 @@ class ByteWidths {
 // The longest beginning of a text that is within a limit.
 struct ByteFit {
   size_t units = 0;
-  double bytes = 0;
+  uint64_t bytes = 0;
 
   bool operator==(const ByteFit&) const = default;
 };
+
+// The bytes that are within a limit of any size, with a fraction, negative, or no number.
+constexpr uint64_t wholeBytes(double limit) {
+  constexpr double kMost = 0x1p62;
+  if (!(limit > 0)) return 0;
+  return static_cast<uint64_t>(limit < kMost ? limit : kMost);
+}
 
 // `units` is anything that answers a unit for an index and is `length` long. Nothing beyond
 // the first unit that does not fit is looked at.
 template <typename Units>
 ByteFit fitBytes(const ByteWidths& widths, const Units& units, size_t length, double limit) {
+  const uint64_t most = wholeBytes(limit);
   ByteFit fit;
   for (; fit.units < length; ++fit.units) {
-    const double bytes = fit.bytes + widths[units[fit.units]];
-    if (bytes > limit) break;
+    const uint64_t bytes = fit.bytes + widths[units[fit.units]];
+    if (bytes > most) break;
     fit.bytes = bytes;
   }
   return fit;

@@ -49,21 +49,20 @@ TEST_F(SplitAutosave, SavesAtEachResize) {
 TEST_F(SplitAutosave, SavesAtEachStepOfADrag) {
   OvSplitView *split = makeSplit({147, 147});
   name(split, kName);
-  delegate->has = {"splitViewDidResizeSubviews:"};
+  delegate->has = {"splitViewWillResizeSubviews:"};
   int steps = 0;
   std::vector<CGFloat> distances;
   for (int i = 1; i <= 20; ++i) distances.push_back(3 * i);
-  NSNotificationCenter *center = [NSNotificationCenter defaultCenter];
-  // After the view's own observer.
   [split setDelegate:delegate];
+  // Before each step the one before is stored.
   delegate->onLine = [&](const std::string &) {
-    ++steps;
-    EXPECT_TRUE(isStored(split, kName)) << steps;
+    if (++steps > 1) {
+      EXPECT_TRUE(isStored(split, kName)) << steps;
+    }
   };
   drag(split, 0, distances);
   EXPECT_EQ(steps, 21);
   EXPECT_TRUE(isStored(split, kName));
-  [center removeObserver:delegate];
 }
 
 TEST_F(SplitAutosave, RestoresAtOnce) {
@@ -156,13 +155,16 @@ TEST_F(SplitAutosave, ThePlatformsOwnNameIsIgnored) {
 }
 
 TEST_F(SplitAutosave, OddNamesAreNames) {
-  const unichar half[] = {'a', 0, 0xD800};
-  for (NSString *odd : {[NSString stringWithCharacters:half length:3], @" ", @"\n", @"日本語",
-                        [@"" stringByPaddingToLength:10000 withString:@"x" startingAtIndex:0]}) {
+  const unichar units[] = {0xD800, 'a', 0, 'b'};
+  NSString *broken = [NSString stringWithCharacters:units length:4];
+  // A broken pair, and a zero within.
+  for (NSString *odd : std::initializer_list<NSString *>{
+           broken, @" ", @"\n", [NSString stringWithUTF8String:"日本語"],
+           [@"x" stringByPaddingToLength:10000 withString:@"x" startingAtIndex:0]}) {
     OvSplitView *split = makeSplit({147, 147});
     EXPECT_TRUE(name(split, odd));
     [split setFrameSize:NSMakeSize(594, 200)];
-    EXPECT_TRUE(isStored(split, odd));
+    EXPECT_TRUE(isStored(split, odd)) << [odd length] << " units";
     [split setLayoutAutosaveName:nil];
     [OvSplitView removeLayoutUsingName:odd];
   }

@@ -7,6 +7,7 @@
 #import <OvAppKit/HXSplitView.h>
 #import <OvAppKit/OvSplitView.h>
 
+#include <functional>
 #include <initializer_list>
 #include <set>
 #include <string>
@@ -103,6 +104,8 @@ class SplitTest : public LiveTest {
   void drag(OvSplitView *split, NSUInteger index, const std::vector<CGFloat> &distances);
 
   OvTestSplitDelegate *delegate = nil;
+  // Called before the press of a drag, when all else is ready.
+  std::function<void()> beforePress;
 };
 
 }  // namespace ov::test

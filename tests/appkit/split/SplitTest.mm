@@ -264,13 +264,14 @@ void SplitTest::drag(OvSplitView *split, NSUInteger index,
 }
 
 void SplitTest::drag(OvSplitView *split, NSUInteger index, const std::vector<CGFloat> &distances) {
-  show([split window]);
+  if (![[split window] isVisible]) show([split window]);
   discardPending();
   const NSPoint start = onDivider(split, index);
   for (CGFloat distance : distances) {
     post(mouseEvent(NSLeftMouseDragged, split, onDivider(split, index, distance)));
   }
   post(mouseEvent(NSLeftMouseUp, split, start));
+  if (beforePress) beforePress();
   [split mouseDown:mouseEvent(NSLeftMouseDown, split, start)];
 }
 

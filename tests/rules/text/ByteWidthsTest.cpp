@@ -145,7 +145,7 @@ TEST_P(EveryUnit, CountsForItselfAndFitsItsLimit) {
     for (const std::u16string& text :
          {std::u16string{unit}, std::u16string{unit, unit}, std::u16string{u'a', unit},
           std::u16string{u'あ', unit}, std::u16string{unit, u'あ'}}) {
-      double whole = 0;
+      uint64_t whole = 0;
       for (char16_t part : text) whole += widths[part];
       ASSERT_EQ(fit(widths, text, 100), (ByteFit{text.size(), whole})) << u;
       for (unsigned limit = 0; limit <= 7; ++limit) {
@@ -194,6 +194,7 @@ const FitRow kFitRows[] = {
     {"a limit beyond all numbers", u"aあ", 1e300, {2, 3}},
     {"an endless limit", u"aあ", std::numeric_limits<double>::infinity(), {2, 3}},
     {"a negative limit", u"a", -1, {0, 0}},
+    {"no number", u"a", std::numeric_limits<double>::quiet_NaN(), {0, 0}},
     {"half of a pair", u"a\xD83D\xDE00z", 2, {2, 2}},
 };
 
@@ -216,19 +217,19 @@ TEST(ByteFit, EqualsItsDefinitionForRandomTexts) {
   test::Random random;
   SCOPED_TRACE(random.describe());
   const ByteWidths widths = widthsOf("EUC-JP");
-  const std::u16string units = u"aあｱ丂é가\0\n\xFEFF\xD83D\xDE00";
+  const std::u16string units = std::u16string(1, u'\0') + u"aあｱ丂é가\n\uFEFF\xD83D\xDE00";
   for (int round = 0; round < 2000; ++round) {
     std::u16string text;
     for (int64_t n = random.integer(0, 12); n > 0; --n) {
       text += random.oneIn(4) ? static_cast<char16_t>(random.integer(0, 0xFFFF))
-                              : units[static_cast<size_t>(random.integer(0, 10))];
+                              : units[static_cast<size_t>(random.integer(0, 10)) % units.size()];
     }
     const double limit = static_cast<double>(random.integer(0, 50)) / 2;
     ByteFit expected;
     for (size_t length = 0; length <= text.size(); ++length) {
-      double bytes = 0;
+      uint64_t bytes = 0;
       for (size_t i = 0; i < length; ++i) bytes += widths[text[i]];
-      if (bytes <= limit) expected = {length, bytes};
+      if (static_cast<double>(bytes) <= limit) expected = {length, bytes};
     }
     ASSERT_EQ(fit(widths, text, limit), expected);
   }
