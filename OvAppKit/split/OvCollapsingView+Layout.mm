@@ -112,6 +112,13 @@ static NSImage *ownImage(NSString *name) {
   [_contentView setAutoresizesSubviews:_state->contentAutoresizes];
 }
 
+- (void)_ovShowContentLayout:(BOOL)flag {
+  if (!_state->holdsContentLayout) return;
+  [_contentView setAutoresizesSubviews:NO];
+  [_contentView setFrameSize:flag ? _state->contentSize : [self visibleContentViewSize]];
+  if (flag) [_contentView setAutoresizesSubviews:_state->contentAutoresizes];
+}
+
 - (void)_ovChangeToSize:(NSSize)size {
   if (_collapsed) [self _ovHoldContentLayout];
   [self setFrameSize:size];
@@ -125,19 +132,21 @@ static NSImage *ownImage(NSString *name) {
 
 #pragma mark Resizing
 
-// Automatic resizing keeps the error that a view makes which was too small for a while.
+// Header and content are placed afresh: automatic resizing would keep the error that a view
+// makes which was too small for a while.
 - (void)resizeSubviewsWithOldSize:(NSSize)oldSize {
+  const NSUInteger both = NSViewWidthSizable | NSViewHeightSizable;
+  NSView *content = [_contentView autoresizingMask] == both ? _contentView : nil;
+  [_header setAutoresizingMask:NSViewNotSizable];
+  [content setAutoresizingMask:NSViewNotSizable];
   [super resizeSubviewsWithOldSize:oldSize];
-  if (_state == nullptr) return;
+  [_header setAutoresizingMask:NSViewWidthSizable];
+  [content setAutoresizingMask:both];
   if (!NSEqualRects([_header frame], [self _ovHeaderFrame])) {
     [_header setFrame:[self _ovHeaderFrame]];
   }
-  if (_contentView == nil ||
-      [_contentView autoresizingMask] != (NSViewWidthSizable | NSViewHeightSizable)) {
-    return;
-  }
-  const NSRect content = [self _ovContentFrameOfHeight:[self visibleContentViewSize].height];
-  if (!NSEqualRects([_contentView frame], content)) [_contentView setFrame:content];
+  const NSRect frame = [self _ovContentFrameOfHeight:[self visibleContentViewSize].height];
+  if (content != nil && !NSEqualRects([content frame], frame)) [content setFrame:frame];
 }
 
 @end

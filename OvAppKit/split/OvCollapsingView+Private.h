@@ -26,6 +26,8 @@ struct OvCollapsingViewState {
 - (NSRect)_ovContentFrameOfHeight:(CGFloat)height;
 // The content, which is folded, leaves its subviews where they are.
 - (void)_ovHoldContentLayout;
+// Gives a folded content the size that its subviews are laid out for, or takes it away again.
+- (void)_ovShowContentLayout:(BOOL)flag;
 // The content lays out its subviews by itself again.
 - (void)_ovReleaseContentLayout;
 @end

@@ -317,12 +317,16 @@ static NSString *const OvDelegateKey = @"OvDelegate";
 - (void)encodeWithCoder:(NSCoder *)coder {
   const NSSize frameSize = _frame.size;
   const NSSize boundsSize = _bounds.size;
-  if (_collapsed) _frame.size.height = _bounds.size.height = _reversedFrameSize.height;
+  if (_collapsed) {
+    [self _ovShowContentLayout:YES];
+    _frame.size.height = _bounds.size.height = _reversedFrameSize.height;
+  }
   @try {
     [super encodeWithCoder:coder];
   } @finally {
     _frame.size = frameSize;
     _bounds.size = boundsSize;
+    if (_collapsed) [self _ovShowContentLayout:NO];
   }
   if ([coder allowsKeyedCoding]) {
     [coder encodeObject:_title forKey:OvTitleKey];

@@ -203,15 +203,14 @@ static const CGFloat OvParkedPlace = 1000000;
 
 - (void)_ovDrawLabelInRect:(NSRect)bounds {
   if (_label == nil) return;
-  NSMutableDictionary *attributes = [NSMutableDictionary
-      dictionaryWithObject:_labelColor ?: [NSColor blackColor]
-                    forKey:NSForegroundColorAttributeName];
+  NSMutableDictionary *attributes =
+      [NSMutableDictionary dictionaryWithObject:_labelColor ?: [NSColor blackColor]
+                                         forKey:NSForegroundColorAttributeName];
   if (_labelFont != nil) [attributes setObject:_labelFont forKey:NSFontAttributeName];
   const NSSize size = [_label sizeWithAttributes:attributes];
   // A label that does not fit begins at 0 and not at the bounds' own edge; deliberately.
-  const CGFloat x = size.width >= NSWidth(bounds)
-                        ? 0
-                        : NSMinX(bounds) + NSWidth(bounds) * 0.5 - size.width * 0.5;
+  const CGFloat x =
+      size.width >= NSWidth(bounds) ? 0 : NSMinX(bounds) + NSWidth(bounds) * 0.5 - size.width * 0.5;
   const CGFloat y = NSMinY(bounds) + NSHeight(bounds) * 0.5 - size.height * 0.5;
   [_label drawAtPoint:NSMakePoint(x, y) withAttributes:attributes];
 }

@@ -2,6 +2,7 @@
 
 #import <OvAppKit/OvCollapsingView.h>
 #import <OvAppKit/OvFlippedView.h>
+#import <OvAppKit/OvSimpleView.h>
 #import <OvAppKit/OvTextField.h>
 
 #import "LiveTest.h"
@@ -123,9 +124,9 @@ INSTANTIATE_TEST_SUITE_P(Sizes, CollapsingViewSizes,
 
 TEST_P(CollapsingViewSizes, PlaceHeaderAndContent) {
   const Size size = GetParam();
-  OvCollapsingView *box = add([[[OvTestCollapsingView alloc]
-      initWithFrame:NSMakeRect(0, 0, 300, 200)
-               size:size.boxSize] autorelease]);
+  OvCollapsingView *box =
+      add([[[OvTestCollapsingView alloc] initWithFrame:NSMakeRect(0, 0, 300, 200)
+                                                  size:size.boxSize] autorelease]);
   EXPECT_EQ([box boxSize], size.boxSize);
   EXPECT_EQ([box headerHeight], size.header);
   EXPECT_EQ([box fontSize], size.font);
@@ -191,9 +192,11 @@ TEST_F(CollapsingView, HeaderAndContentGrowWithTheView) {
   [view setFrameSize:NSMakeSize(400, 300)];
   EXPECT_EQ([[view header] frame], NSMakeRect(35, 0, 353, 23));
   EXPECT_EQ([content frame], NSMakeRect(0, 23, 400, 277));
-  // A view that was too small for a while makes no lasting error.
+  // A view that was too small for a while makes no lasting error, and no noise.
+  LogCapture log;
   [view setFrameSize:NSMakeSize(10, 5)];
   EXPECT_EQ([view visibleContentViewSize], NSMakeSize(10, 0));
+  EXPECT_THAT(log.lines(), IsEmpty());
   [view setFrame:NSMakeRect(0, 0, 300, 200)];
   EXPECT_EQ([[view header] frame], NSMakeRect(35, 0, 253, 23));
   EXPECT_EQ([content frame], NSMakeRect(0, 23, 300, 177));
@@ -419,8 +422,9 @@ TEST_F(CollapsingView, ContentThatComesWhileFoldedIsFittedToTheUnfoldedView) {
 
 TEST_F(CollapsingView, NothingOfTheContentShowsWhileFolded) {
   [window setBackgroundColor:[NSColor colorWithDeviceRed:0 green:0 blue:1 alpha:1]];
-  NSTextView *content = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 9, 9)] autorelease];
-  [content setBackgroundColor:[NSColor colorWithDeviceRed:1 green:0 blue:0 alpha:1]];
+  OvSimpleView *content = [[[OvSimpleView alloc] initWithFrame:NSMakeRect(0, 0, 9, 9)] autorelease];
+  [content setFillColor:[NSColor colorWithDeviceRed:1 green:0 blue:0 alpha:1]];
+  [content setFillRect:YES];
   [view setContentView:content];
   EXPECT_GT(pictureOf([window contentView]).count(NSMakeRect(0, 0, 320, 320), kRed), 40000);
   [view setCollapsed:YES];
@@ -441,8 +445,8 @@ TEST_F(CollapsingView, TheKeyboardLeavesContentThatFolds) {
   EXPECT_EQ([window firstResponder], [view discrosure]);
   EXPECT_TRUE([[field stringValue] isEqualToString:@"a"]);
   // The keyboard that is elsewhere stays there.
-  NSTextField *outside = add(
-      [[[NSTextField alloc] initWithFrame:NSMakeRect(0, 290, 90, 22)] autorelease]);
+  NSTextField *outside =
+      add([[[NSTextField alloc] initWithFrame:NSMakeRect(0, 290, 90, 22)] autorelease]);
   [view setCollapsed:NO];
   ASSERT_TRUE([window makeFirstResponder:outside]);
   [view setCollapsed:YES];
@@ -515,9 +519,8 @@ TEST_F(CollapsingView, DiesCleanlyInAnyState) {
     }
   }
   delegate->lines.clear();
-  [[NSNotificationCenter defaultCenter]
-      postNotificationName:OvCollapsingViewDidCollapseNotification
-                    object:view];
+  [[NSNotificationCenter defaultCenter] postNotificationName:OvCollapsingViewDidCollapseNotification
+                                                      object:view];
   EXPECT_THAT(delegate->lines, IsEmpty());
 }
 
@@ -528,11 +531,10 @@ TEST_F(CollapsingView, AnObserverMayRemoveIt) {
     box = [[OvCollapsingView alloc] initWithFrame:NSMakeRect(0, 0, 300, 99)];
     [[window contentView] addSubview:box];
     [box release];
-    [[NSNotificationCenter defaultCenter]
-        addObserver:box
-           selector:@selector(removeFromSuperview)
-               name:OvCollapsingViewWillCollapseNotification
-             object:box];
+    [[NSNotificationCenter defaultCenter] addObserver:box
+                                             selector:@selector(removeFromSuperview)
+                                                 name:OvCollapsingViewWillCollapseNotification
+                                               object:box];
     [box setCollapsed:YES];
     [[NSNotificationCenter defaultCenter] removeObserver:box];
   }
@@ -591,6 +593,9 @@ TEST_P(CollapsingViewArchive, KeepsWhatAHostHasSet) {
 TEST_P(CollapsingViewArchive, AFoldedViewComesBackUnfolded) {
   OvCollapsingView *box = add([[[OvTestCollapsingView alloc] initWithFrame:NSMakeRect(0, 0, 300, 99)
                                                                       size:1] autorelease]);
+  NSView *inner = [[[NSView alloc] initWithFrame:NSMakeRect(5, 5, 290, 72)] autorelease];
+  [inner setAutoresizingMask:NSViewHeightSizable];
+  [[box contentView] addSubview:inner];
   [box setCollapsed:YES];
   OvCollapsingView *copy = roundTrip(box, GetParam());
   EXPECT_FALSE([copy isCollapsed]);
@@ -599,6 +604,10 @@ TEST_P(CollapsingViewArchive, AFoldedViewComesBackUnfolded) {
   EXPECT_EQ([copy bounds].size, NSMakeSize(300, 99));
   EXPECT_EQ([[copy contentView] frame], NSMakeRect(0, 23, 300, 76));
   EXPECT_TRUE([[copy contentView] autoresizesSubviews]);
+  EXPECT_EQ([[[[copy contentView] subviews] objectAtIndex:0] frame], NSMakeRect(5, 5, 290, 66))
+      << "six points fewer, as the header is higher";
+  EXPECT_EQ([[box contentView] frame].size, NSMakeSize(300, 0));
+  EXPECT_EQ([inner frame].size, NSMakeSize(290, 72));
   EXPECT_EQ([box frame].size, NSMakeSize(300, 17)) << "untouched by it";
 }
 

@@ -399,7 +399,7 @@ TEST_F(BorderlessTabs, DrawsTabsAndNoBorder) {
     EXPECT_LT(with.count(half, kBlue), 200 * 70);
     // The tabs: they are drawn as everywhere.
     const NSRect tabs = NSMakeRect(14, type == NSTopTabsBezelBorder ? 13 : 134, 60, 10);
-    EXPECT_LT(without.count(tabs, kBlue), 300);
+    EXPECT_LT(without.count(tabs, kBlue), 500);
     for (int y = 0; y < 10; ++y) {
       for (int x = 0; x < 60; ++x) {
         const int px = static_cast<int>(NSMinX(tabs)) + x, py = static_cast<int>(NSMinY(tabs)) + y;
