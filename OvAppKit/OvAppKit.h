@@ -19,12 +19,16 @@
 #import <OvAppKit/NSView+OvAppKit.h>
 #import <OvAppKit/NSWindow+OvAppKit.h>
 #import <OvAppKit/OvAlphabetTextValidator.h>
+#import <OvAppKit/OvBorderlessTabView.h>
+#import <OvAppKit/OvCollapsingView.h>
 #import <OvAppKit/OvComboBox.h>
 #import <OvAppKit/OvDatePicker.h>
 #import <OvAppKit/OvDatePickerCell.h>
+#import <OvAppKit/OvFlippedView.h>
 #import <OvAppKit/OvMatrixView.h>
 #import <OvAppKit/OvNumberTextValidator.h>
 #import <OvAppKit/OvPathTextValidator.h>
+#import <OvAppKit/OvSimpleView.h>
 #import <OvAppKit/OvSjisTextValidator.h>
 #import <OvAppKit/OvSplitView.h>
 #import <OvAppKit/OvTextField.h>
