@@ -9,5 +9,7 @@
 #import <OvAppKit/HXMatrixViewSelectionInfo.h>
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
+#import <OvAppKit/HXSplitView.h>
 #import <OvAppKit/OvMatrixView.h>
+#import <OvAppKit/OvSplitView.h>
 #import <OvFoundation/OvFoundation.h>
