@@ -27,7 +27,7 @@ const CGFloat kLeastMessage = 200;
   OvSplitView *_split;
   PaneList *_folders;
   PaneList *_letters;
-  PaneMessage *_message;
+  PaneMessage *_letterView;
   NSView *_panes[kPaneCount];
   NSButton *_shown[kPaneCount];
   NSPopUpButton *_orientation;
@@ -76,10 +76,10 @@ const CGFloat kLeastMessage = 200;
                                             chosen:[self](NSInteger) {
                                               [self showLetter];
                                             }] autorelease];
-  _message = [[[PaneMessage alloc] initWithFrame:NSZeroRect] autorelease];
+  _letterView = [[[PaneMessage alloc] initWithFrame:NSZeroRect] autorelease];
   _panes[kFolders] = _folders;
   _panes[kLetters] = _letters;
-  _panes[kMessage] = _message;
+  _panes[kMessage] = _letterView;
   const CGFloat widths[kPaneCount] = {190, 270, 470};
   CGFloat x = 0;
   for (int i = 0; i < kPaneCount; ++i) {
@@ -122,7 +122,7 @@ const CGFloat kLeastMessage = 200;
 
 - (void)showLetter {
   const gallery::Letter &letter = [self folder].letters[[_letters selectedRow]];
-  [_message setSubject:letter.subject from:letter.from text:letter.text];
+  [_letterView setSubject:letter.subject from:letter.from text:letter.text];
 }
 
 - (NSView *)keyView {
