@@ -82,7 +82,24 @@ OV_EXPORT NSString *const OvSplitViewSubviewDidCollapseNotification;
 - (void)setToolTip:(NSString *)string;
 - (NSString *)toolTip;
 
-// MARK: Collapsing
+// MARK: Delegate
+
+/** Answers the questions below and hears of the notifications above, as well as of the
+    platform's two about resizing, whose methods it has when it is set. Not retained; nil by
+    default. Registrations that the delegate made itself are left alone. */
+- (void)setDelegate:(id)anObject;
+- (id)delegate;
+
+// MARK: Drawing
+
+/** Draws the dividers with -drawDividerInRect:, and nothing else. */
+- (void)drawRect:(NSRect)rect;
+
+@end
+
+// MARK: Collapsing, layout
+
+@interface OvSplitView (OvSplitViewLayout)
 
 /** Collapses or expands a pane: posts the "will" notification, lays all panes out with
     -resizeSubviewsWithOldSize:, and posts the "did" notification. A pane that is expanded
@@ -97,8 +114,6 @@ OV_EXPORT NSString *const OvSplitViewSubviewDidCollapseNotification;
     other views, and for an index that has no pane. */
 - (BOOL)isSubviewCollapsed:(NSView *)subview;
 - (BOOL)isSubviewCollapsedAtIndex:(uint32_t)index;
-
-// MARK: Layout
 
 /** Shares the view's space among the panes that are not collapsed, in proportion to their
     present thicknesses, in whole points and at least one each. Points that the rounding
@@ -115,15 +130,11 @@ OV_EXPORT NSString *const OvSplitViewSubviewDidCollapseNotification;
     the view's size comes here; a move does not. */
 - (void)resizeSubviewsWithOldSize:(NSSize)oldSize;
 
-// MARK: Delegate
-
-/** Answers the questions below and hears of the notifications above, as well as of the
-    platform's two about resizing, whose methods it has when it is set. Not retained; nil by
-    default. Registrations that the delegate made itself are left alone. */
-- (void)setDelegate:(id)anObject;
-- (id)delegate;
+@end
 
 // MARK: Saved layouts
+
+@interface OvSplitView (OvSplitViewPersistence)
 
 /** The layout as a property list: a new dictionary of the orientation and each pane's frame
     and collapsed state, with "Format Version" 1. It is no string, despite the name, which is
@@ -156,14 +167,15 @@ OV_EXPORT NSString *const OvSplitViewSubviewDidCollapseNotification;
     nothing of collapsed panes. Use -setLayoutAutosaveName:. */
 - (void)setAutosaveName:(NSString *)name;
 
-// MARK: Mouse and drawing
+@end
+
+// MARK: Mouse
+
+@interface OvSplitView (OvSplitViewDragging)
 
 /** Drags the divider under the pointer until the button is released, or asks the delegate
     about a double click. Ignored beside the dividers and while the view is locked. */
 - (void)mouseDown:(NSEvent *)event;
-
-/** Draws the dividers with -drawDividerInRect:, and nothing else. */
-- (void)drawRect:(NSRect)rect;
 
 @end
 
