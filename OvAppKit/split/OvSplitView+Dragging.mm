@@ -31,6 +31,11 @@ struct PressedDivider {
   ov::DragLimits limits;
 };
 
+struct DragProgress {
+  float position = 1000000;  // of the divider
+  bool late = false;         // the last step that was taken took too long
+};
+
 }  // namespace
 
 @implementation OvSplitView (OvSplitViewDragging)
@@ -93,7 +98,6 @@ struct PressedDivider {
 - (void)_ovDragDivider:(NSInteger)index withEvent:(NSEvent *)event {
   // The delegate and observers may remove panes, or the view.
   const auto kept = ov::retain(self);
-  NSWindow *window = [self window];
   const BOOL vertical = [self isVertical];
   const auto positionOf = [&](NSEvent *at) {
     const NSPoint point = [self convertPoint:[at locationInWindow] fromView:nil];
@@ -102,19 +106,16 @@ struct PressedDivider {
   const PressedDivider pressed = [self _ovPressDivider:index at:positionOf(event)];
   [_state->toolTips mousePressed];
   const NSUInteger mask = NSLeftMouseUpMask | NSLeftMouseDraggedMask;
-  float last = 1000000;
-  bool late = false;
+  DragProgress progress;
   do {
     @autoreleasepool {
-      const Clock::time_point start = Clock::now();
-      last = [self _ovDrag:pressed to:positionOf(event) + pressed.grab from:last late:late];
-      late = Clock::now() - start > kFrame;
+      [self _ovDrag:pressed to:positionOf(event) + pressed.grab progress:progress];
       if (![self _ovStillHas:pressed]) break;
       // Drawing takes place in here, once no further position waits.
-      event = [[window nextEventMatchingMask:mask
-                                   untilDate:[NSDate distantFuture]
-                                      inMode:NSEventTrackingRunLoopMode
-                                     dequeue:YES] retain];
+      event = [[[self window] nextEventMatchingMask:mask
+                                          untilDate:[NSDate distantFuture]
+                                             inMode:NSEventTrackingRunLoopMode
+                                            dequeue:YES] retain];
     }
     [event autorelease];
   } while ([event type] == NSLeftMouseDragged);
@@ -128,18 +129,17 @@ struct PressedDivider {
          [pressed.behind.get() superview] == self && (NSUInteger)pressed.index < [_dividers count];
 }
 
-// One step of the drag; answers where the divider stands now.
-- (float)_ovDrag:(const PressedDivider &)pressed
-              to:(float)pointer
-            from:(float)last
-            late:(bool)late {
+- (void)_ovDrag:(const PressedDivider &)pressed
+             to:(float)pointer
+       progress:(DragProgress &)progress {
+  const Clock::time_point start = Clock::now();
   NSView *before = pressed.before.get();
   NSView *behind = pressed.behind.get();
   const float wanted = ov::askConstraint(
       self, @selector(splitView:constrainSplitPosition:ofSubviewAt:), pointer, pressed.index);
   const ov::DragStep step =
       ov::dragStep(pressed.limits, pressed.mayCollapseBefore, pressed.mayCollapseBehind, wanted);
-  if (late && [self _ovMayLeaveOut:step of:pressed]) return last;
+  if (progress.late && [self _ovMayLeaveOut:step of:pressed]) return;
 
   if (step.behindFirst) [self setSubview:behind isCollapsed:step.collapsesBehind];
   [self setSubview:before isCollapsed:step.collapsesBefore];
@@ -153,16 +153,22 @@ struct PressedDivider {
     position = ov::askConstraint(self, @selector(splitView:constrainMaxSize:ofSubviewAt:), position,
                                  pressed.index);
   }
-  if (position == last || ![self _ovStillHas:pressed]) return last;
+  if (position != progress.position && [self _ovStillHas:pressed]) {
+    [self _ovMove:pressed to:position];
+    progress.position = position;
+  }
+  progress.late = Clock::now() - start > kFrame;
+}
 
+- (void)_ovMove:(const PressedDivider &)pressed to:(float)position {
   NSNotificationCenter *center = [NSNotificationCenter defaultCenter];
   [center postNotificationName:NSSplitViewWillResizeSubviewsNotification object:self];
   [self _setDividerAtIndex:static_cast<uint32_t>(pressed.index) toDistanceFromBase:position];
+  const ov::DragLimits &limits = pressed.limits;
   const float end = position + pressed.thickness;
-  [self _ovPlace:before of:pressed from:pressed.limits.min length:position - pressed.limits.min];
-  [self _ovPlace:behind of:pressed from:end length:pressed.limits.max - end];
+  [self _ovPlace:pressed.before.get() of:pressed from:limits.min length:position - limits.min];
+  [self _ovPlace:pressed.behind.get() of:pressed from:end length:limits.max - end];
   [center postNotificationName:NSSplitViewDidResizeSubviewsNotification object:self];
-  return position;
 }
 
 // A view that lags behind the pointer leaves out positions on the way to one that waits

@@ -7,6 +7,7 @@
 #import <OvAppKit/HXSplitView.h>
 #import <OvAppKit/OvSplitView.h>
 
+#include <functional>
 #include <initializer_list>
 #include <set>
 #include <string>
@@ -66,6 +67,8 @@ inline constexpr CGFloat kParked = 1000000;
   // Called with each notification's and question's line.
   std::function<void(const std::string &)> onLine;
 }
+// For what a delegate observes by itself: "own".
+- (void)ownNotice:(NSNotification *)notification;
 @end
 
 // The same two limits and positions, in single precision.
@@ -101,6 +104,8 @@ class SplitTest : public LiveTest {
   void drag(OvSplitView *split, NSUInteger index, const std::vector<CGFloat> &distances);
 
   OvTestSplitDelegate *delegate = nil;
+  // Called before the press of a drag, when all else is ready.
+  std::function<void()> beforePress;
 };
 
 }  // namespace ov::test

@@ -137,7 +137,11 @@ std::string text(NSRect r) {
 
 - (void)notice:(const char *)what of:(NSNotification *)notification {
   id index = [[notification userInfo] objectForKey:@"OvSubviewIndex"];
-  [self line:what + (index != nil ? " " + std::to_string([index unsignedIntValue]) : std::string())];
+  [self
+      line:what + (index != nil ? " " + std::to_string([index unsignedIntValue]) : std::string())];
+}
+- (void)ownNotice:(NSNotification *)notification {
+  [self notice:"own" of:notification];
 }
 - (void)splitViewWillExpandSubview:(NSNotification *)notification {
   [self notice:"willExpand" of:notification];
@@ -160,6 +164,10 @@ std::string text(NSRect r) {
 
 @end
 
+// A host that was written for single precision.
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wmismatched-return-types"
+#pragma clang diagnostic ignored "-Wmismatched-parameter-types"
 @implementation OvTestFloatDelegate
 - (float)splitView:(NSSplitView *)splitView
     constrainMinCoordinate:(float)proposed
@@ -174,6 +182,7 @@ std::string text(NSRect r) {
   return proposed - 40 - (float)index;
 }
 @end
+#pragma clang diagnostic pop
 
 namespace ov::test {
 
@@ -200,7 +209,8 @@ OvSplitView *SplitTest::makeSplit(const std::vector<CGFloat> &thicknesses, bool 
       [[[OvSplitView alloc] initWithFrame:NSMakeRect(10, 20, size.width, size.height)] autorelease];
   [split setVertical:vertical];
   for (CGFloat thickness : thicknesses) {
-    const NSRect frame = vertical ? NSMakeRect(0, 0, thickness, 200) : NSMakeRect(0, 0, 200, thickness);
+    const NSRect frame =
+        vertical ? NSMakeRect(0, 0, thickness, 200) : NSMakeRect(0, 0, 200, thickness);
     [split addSubview:[[[OvTestPane alloc] initWithFrame:frame] autorelease]];
   }
   NSWindow *window = makeWindow(NSMakeSize(size.width + 20, size.height + 40));
@@ -254,13 +264,14 @@ void SplitTest::drag(OvSplitView *split, NSUInteger index,
 }
 
 void SplitTest::drag(OvSplitView *split, NSUInteger index, const std::vector<CGFloat> &distances) {
-  show([split window]);
+  if (![[split window] isVisible]) show([split window]);
   discardPending();
   const NSPoint start = onDivider(split, index);
   for (CGFloat distance : distances) {
     post(mouseEvent(NSLeftMouseDragged, split, onDivider(split, index, distance)));
   }
   post(mouseEvent(NSLeftMouseUp, split, start));
+  if (beforePress) beforePress();
   [split mouseDown:mouseEvent(NSLeftMouseDown, split, start)];
 }
 
