@@ -13,9 +13,9 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A step that takes longer than a frame of the screen lets positions pile up that the
-// pointer has left already.
-constexpr std::chrono::milliseconds kFrame{16};
+// A step that takes longer than an eye forgives lets positions pile up that the pointer has
+// left already.
+constexpr std::chrono::milliseconds kLag{50};
 
 // What is fixed when the divider is pressed.
 struct PressedDivider {
@@ -178,7 +178,7 @@ class DragScope {
     [self _ovMove:pressed to:position];
     progress.position = position;
   }
-  progress.late = Clock::now() - start > kFrame;
+  progress.late = Clock::now() - start > kLag;
 }
 
 - (void)_ovMove:(const PressedDivider &)pressed to:(float)position {
