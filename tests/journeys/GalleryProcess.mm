@@ -126,6 +126,7 @@ void GalleryJourney::launch(const std::vector<std::string> &arguments) {
 }
 
 void GalleryJourney::start(const std::vector<std::string> &more) {
+  fs::remove(statusFile());  // of the same test, when it is repeated
   std::vector<std::string> arguments = {"-statusfile", statusFile().string(), folder_.string()};
   arguments.insert(arguments.end(), more.begin(), more.end());
   launch(arguments);
