@@ -9,5 +9,7 @@
 #import <OvAppKit/HXMatrixViewSelectionInfo.h>
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
+#import <OvAppKit/HXPropertyListController.h>
+#import <OvAppKit/HXPropertyListControllerValues.h>
 #import <OvAppKit/OvMatrixView.h>
 #import <OvFoundation/OvFoundation.h>
