@@ -2,6 +2,7 @@
 #import <OvAppKit/HXPropertyListControllerValues.h>
 #import <OvFoundation/OvFoundation.h>
 
+#include "platform/NullInBindings.h"
 #import "support/Retained.h"
 
 namespace {
@@ -37,6 +38,11 @@ NSDictionary *deepCopy(id object, NSPropertyListMutabilityOptions option, NSStri
 @end
 
 @implementation HXPropertyListController
+
+// A value without a default goes away when it is reverted.
++ (void)initialize {
+  if (self == [HXPropertyListController class]) ov::showNothingForNull();
+}
 
 // MARK: Creating
 

@@ -1,6 +1,10 @@
 #import <OvAppKit/HXPropertyListControllerValues.h>
 
+#include <algorithm>
+
 namespace {
+
+const NSUInteger kLargestCapacity = 4096;
 
 BOOL isUsable(BOOL usable, NSString *complaint) {
   if (!usable) NSLog(@"[HXPropertyListControllerValues] %@", complaint);
@@ -49,7 +53,9 @@ void report(HXPropertyListControllerValues *values, NSArray *keys, Change change
   self = [super init];
   if (!self) return nil;
   _delegate = delegate;
-  _dictionary = [[NSMutableDictionary alloc] initWithCapacity:capacity];
+  // The room is taken at once, so a careless hint could ask for all there is.
+  _dictionary = [[NSMutableDictionary alloc]
+      initWithCapacity:std::min<NSUInteger>(capacity, kLargestCapacity)];
   return self;
 }
 
