@@ -31,12 +31,13 @@
     A dictionary that holds anything else cannot be copied. The log then gets a line with
     the reason and one that reads "[HXPropertyListController] Failed to create deep
     immutable copy." (or "mutable"), and the step goes on without that dictionary: such
-    defaults are no defaults, such stored values are as none. `save:`, and
-    `setInitialValues:` without defaults, which would lose what the user typed, leave out
-    only the entries that cannot be copied.
+    defaults are no defaults, such stored values are as none, or what the file holds. Nothing
+    that the user typed is lost that way: `save:` leaves out only the entry that cannot be
+    copied, and `setInitialValues:` keeps the very objects.
 
-    Observers hear of "values" and "hasUnsavedChanges". Between two calls of the host, the
-    values object stays the same; only its contents are replaced.
+    Observers hear of "values" and "hasUnsavedChanges". The values object stays the same for
+    the life of the controller; only its contents are replaced, so that bindings go on. Where
+    the contents are replaced, an observer of a key below "values" can hear of it twice.
 
     For the main thread. */
 @interface HXPropertyListController : NSController {

@@ -242,7 +242,14 @@ NSDictionary *deepCopy(id object, NSPropertyListMutabilityOptions option, NSStri
     [values addEntriesFromDictionary:[self _deepMutableCloneFromDictionary:_initialValues]];
   }
   NSDictionary *stored = dictionaryOrNil([_propertyList values]);
-  if (stored) [values addEntriesFromDictionary:[self _deepMutableCloneFromDictionary:stored]];
+  if (!stored) return values;
+  NSDictionary *copy = [self _deepMutableCloneFromDictionary:stored];
+  if (!copy) {
+    // Without what is in the file the next save would remove it there.
+    NSDictionary *serialized = dictionaryOrNil([_propertyList _serializedValues]);
+    if (serialized) copy = [self _deepMutableCloneFromDictionary:serialized];
+  }
+  [values addEntriesFromDictionary:copy];
   return values;
 }
 

@@ -339,16 +339,30 @@ TEST_F(PropertyListController, DefaultsThatCannotBeCopiedAreNone) {
 }
 
 TEST_F(PropertyListController, StoredValuesThatCannotBeCopiedAreNone) {
-  HXPropertyList *store = storeHolding(@{@"b" : @3});
+  HXPropertyList *store = storeHolding(nil);
   [[store values] addEntriesFromDictionary:badDictionary()];
   LogCapture log;
   HXPropertyListController *controller = controllerWith(store, @{@"a" : @1});
   EXPECT_TRUE(tellsOfFailedCopy(log, "mutable"));
   EXPECT_EQ(log.lines().size(), 2u);
   EXPECT_TRUE(same([controller values], @{@"a" : @1}));
-  // The file holds none of the bad ones.
-  [controller revert:nil];
+  [controller setPropertyList:nil];
+  [controller setPropertyList:store];
+  EXPECT_TRUE(tellsOfFailedCopy(log, "mutable", 2));
+  EXPECT_TRUE(same([controller values], @{@"a" : @1}));
+}
+
+// Or else a save would remove from the file what could not be read from the memory.
+TEST_F(PropertyListController, InsteadOfStoredValuesThatCannotBeCopiedTheFileCounts) {
+  HXPropertyList *store = storeHolding(@{@"b" : @3});
+  [[store values] addEntriesFromDictionary:badDictionary()];
+  LogCapture log;
+  HXPropertyListController *controller = controllerWith(store, @{@"a" : @1});
+  EXPECT_TRUE(tellsOfFailedCopy(log, "mutable"));
+  EXPECT_EQ(log.lines().size(), 2u);
   EXPECT_TRUE(same([controller values], (@{@"a" : @1, @"b" : @3})));
+  [controller save:nil];
+  EXPECT_TRUE(same(stored(), @{@"b" : @3}));
 }
 
 // MARK: Differences
