@@ -4,6 +4,35 @@
 
 using namespace ov::test;
 
+// Counts announcements of what is no key of key-value observation.
+@interface OvTestValues : HXPropertyListControllerValues {
+ @public
+  int oddKeys;
+}
+@end
+
+@implementation OvTestValues
+- (void)willChangeValueForKey:(NSString *)key {
+  if (![key isKindOfClass:[NSString class]]) ++oddKeys;
+  [super willChangeValueForKey:key];
+}
+@end
+
+// Gives the values up at the first change of "a".
+@interface OvTestValuesDropper : NSObject
+@end
+
+@implementation OvTestValuesDropper
+- (void)observeValueForKeyPath:(NSString *)keyPath
+                      ofObject:(id)object
+                        change:(NSDictionary *)change
+                       context:(void *)context {
+  (void)change, (void)context;
+  [object removeObserver:self forKeyPath:keyPath];
+  [object release];
+}
+@end
+
 namespace {
 
 class PropertyListValues : public SettingsTest {
@@ -214,6 +243,27 @@ TEST_F(PropertyListValues, TakeStrangeKeys) {
   EXPECT_EQ([values count], [keys count]);
   for (id key in keys) EXPECT_TRUE(same([values objectForKey:key], @1));
   [values removeObserver:observer forKeyPath:@"a"];
+}
+
+TEST_F(PropertyListValues, AnnounceOnlyKeysThatAreStrings) {
+  OvTestValues *odd = [[[OvTestValues alloc] initWithCapacity:0 delegate:observer] autorelease];
+  [odd setObject:@1 forKey:@7];
+  EXPECT_EQ(odd->oddKeys, 0);
+  EXPECT_EQ(take(), Lines{"report 7"});
+}
+
+TEST_F(PropertyListValues, MayBeGivenUpByAnObserver) {
+  int deaths = [OvTestDeathCounter deaths];
+  OvTestDeathCounter *content = [[OvTestDeathCounter alloc] init];
+  values = [[HXPropertyListControllerValues alloc] initWithCapacity:0 delegate:observer];
+  [values setObject:content forKey:@"content"];
+  [content release];
+  take();
+  id dropper = [[[OvTestValuesDropper alloc] init] autorelease];
+  [values addObserver:dropper forKeyPath:@"a" options:0 context:NULL];
+  [values setObject:@1 forKey:@"a"];
+  EXPECT_EQ([OvTestDeathCounter deaths], deaths) << "they live as long as the call's pool";
+  EXPECT_EQ(take(), Lines{"report a"});
 }
 
 TEST_F(PropertyListValues, TheirOwnContentsCanBeSetOrAdded) {
