@@ -9,6 +9,8 @@
 #import <OvAppKit/HXMatrixViewSelectionInfo.h>
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
+#import <OvAppKit/HXPropertyListController.h>
+#import <OvAppKit/HXPropertyListControllerValues.h>
 #import <OvAppKit/HXSplitView.h>
 #import <OvAppKit/NSBitmapImageRep+OvAppKit.h>
 #import <OvAppKit/NSBundle+OvAppKit.h>
