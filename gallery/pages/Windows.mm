@@ -146,7 +146,7 @@ static const NSSize kSizes[] = {{240, 180}, {320, 240}, {440, 320}};
   const CGFloat left = GalleryLargeMargin, right = left + width + gap;
   const CGFloat top = GalleryLargeMargin - 4;
   const CGFloat rows = size.height - 2 * top - 2 * kTitleHeight - GalleryLargeMargin;
-  const CGFloat mapHeight = std::clamp(floor(rows * 0.55), kControlsHeight,
+  const CGFloat mapHeight = std::clamp<CGFloat>(floor(rows * 0.55), kControlsHeight,
                                        std::max(kControlsHeight, [_map heightForWidth:width]));
   const CGFloat mapWidth = std::min(width, [_map widthForHeight:mapHeight]);
   const CGFloat first = top + kTitleHeight;
