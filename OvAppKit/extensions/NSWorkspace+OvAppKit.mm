@@ -30,6 +30,12 @@ bool canBeAPath(NSString *path) {
   return [path rangeOfString:end options:NSLiteralSearch].length == 0;
 }
 
+// nil for what is not a file URL. The platform ends a URL's path at an escaped NUL, too.
+NSString *filePath(NSURL *url) {
+  if (![url isFileURL]) return nil;
+  return [[url absoluteString] rangeOfString:@"%00"].length == 0 ? [url path] : nil;
+}
+
 // The platform looks paths up in this file, and does not look whether it is there.
 bool hasListOfMounts() { return access("/etc/mtab", R_OK) == 0; }
 
@@ -92,11 +98,11 @@ bool isEjectable(NSWorkspace *workspace, NSString *path) {
 @implementation NSWorkspace (HXAppKitExtensions)
 
 - (BOOL)isUnmountableDeviceOrNetworkVolumeAtURL:(NSURL *)url {
-  return [url isFileURL] && [self isUnmountableDeviceOrNetworkVolumeAtPath:[url path]];
+  return [self isUnmountableDeviceOrNetworkVolumeAtPath:filePath(url)];
 }
 
 - (BOOL)unmountAndEjectDeviceOrNetworkVolumeAtURL:(NSURL *)url {
-  return [url isFileURL] && [self unmountAndEjectDeviceOrNetworkVolumeAtPath:[url path]];
+  return [self unmountAndEjectDeviceOrNetworkVolumeAtPath:filePath(url)];
 }
 
 - (BOOL)isUnmountableDeviceOrNetworkVolumeAtPath:(NSString *)path {
