@@ -1,6 +1,7 @@
 #import <OvAppKit/NSWorkspace+OvAppKit.h>
 #import <OvFoundation/OvFoundation.h>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -39,6 +40,14 @@ NSString *filePath(NSURL *url) {
 // The platform looks paths up in this file, and does not look whether it is there.
 bool hasListOfMounts() { return access("/etc/mtab", R_OK) == 0; }
 
+// However it is spelt, or linked to.
+bool isRoot(NSString *path) {
+  struct stat place;
+  struct stat root;
+  return stat([path fileSystemRepresentation], &place) == 0 && stat("/", &root) == 0 &&
+         place.st_dev == root.st_dev && place.st_ino == root.st_ino;
+}
+
 // The platform knows of no volume here that it could unmount, only which devices are removable.
 // What it would be told to unmount has to be a mount point of its own, and "unmounting" the root
 // would leave the running system without a disk to write to.
@@ -48,8 +57,7 @@ bool isEjectable(NSWorkspace *workspace, NSString *path) {
   BOOL unmountable = NO;
   NSString *description = nil;
   NSString *type = nil;
-  if (!canBeAPath(path) || [[path stringByStandardizingPath] isEqualToString:@"/"] ||
-      !hasListOfMounts() ||
+  if (!canBeAPath(path) || isRoot(path) || !hasListOfMounts() ||
       ![workspace getFileSystemInfoForPath:path
                                isRemovable:&removable
                                 isWritable:&writable

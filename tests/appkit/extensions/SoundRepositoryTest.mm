@@ -13,26 +13,24 @@
 
 namespace {
 
-// What the platform's function is asked for, and answers while it is set.
+// The libraries of the user, the machine and the system, while it is set; and how often they
+// were asked for.
 NSArray *givenLibraries = nil;
-NSUInteger askedDirectory = 0;
-NSUInteger askedDomains = 0;
-BOOL askedForFullPaths = NO;
+int timesAsked = 0;
 
 }  // namespace
 
-// The library finds this function before the platform's.
+// The library finds this function before the platform's, and so does the platform, which has
+// questions of its own.
 extern "C" __attribute__((visibility("default"))) NSArray *NSSearchPathForDirectoriesInDomains(
     NSSearchPathDirectory directory, NSSearchPathDomainMask domains, BOOL expand) {
-  if (givenLibraries == nil) {
-    static const auto real = reinterpret_cast<decltype(&NSSearchPathForDirectoriesInDomains)>(
-        dlsym(RTLD_NEXT, "NSSearchPathForDirectoriesInDomains"));
-    return real(directory, domains, expand);
+  if (givenLibraries != nil && directory == 5 && domains == 11 && expand) {
+    ++timesAsked;
+    return givenLibraries;
   }
-  askedDirectory = directory;
-  askedDomains = domains;
-  askedForFullPaths = expand;
-  return givenLibraries;
+  static const auto real = reinterpret_cast<decltype(&NSSearchPathForDirectoriesInDomains)>(
+      dlsym(RTLD_NEXT, "NSSearchPathForDirectoriesInDomains"));
+  return real(directory, domains, expand);
 }
 
 @interface OvTestFirstAsker : NSObject {
@@ -116,11 +114,10 @@ class Sounds : public ov::test::LiveTest {
   TemporaryFolder folder;
 };
 
-TEST_F(Sounds, LibrariesOfAllDomainsAreAskedFor) {
+TEST_F(Sounds, LibrariesOfAllDomainsAreAskedForOnce) {
+  timesAsked = 0;
   sounds();
-  EXPECT_EQ(askedDirectory, 5u);
-  EXPECT_EQ(askedDomains, 11u);
-  EXPECT_TRUE(askedForFullPaths);
+  EXPECT_EQ(timesAsked, 1);
 }
 
 TEST_F(Sounds, EachFolderIsSortedOnItsOwn) {

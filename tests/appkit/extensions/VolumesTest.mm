@@ -6,6 +6,7 @@
 #include <errno.h>
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -128,7 +129,8 @@ TEST_F(Volumes, TheRootStays) {
   workspace->_removable = YES;
   workspace->_ejects = YES;
   workspace->_mountPoints = [NSArray arrayWithObject:@"/"];
-  for (NSString *root in @[ @"/", @"//", @"/.", @"/..", @"/tmp/..", @"/./" ]) {
+  std::filesystem::create_symlink("/", folder / "link");
+  for (NSString *root in @[ @"/", @"//", @"/.", @"/..", @"/tmp/..", @"/./", path("link") ]) {
     EXPECT_FALSE(canUnmount(root)) << [root UTF8String];
     EXPECT_FALSE(unmount(root)) << [root UTF8String];
   }
@@ -292,6 +294,21 @@ TEST_F(Volumes, ThePlatformsOwnWorkspaceAnswers) {
   EXPECT_THAT(unmounted, IsEmpty());
 }
 
+void writeText(const std::string &file, const std::string &text) { std::ofstream(file) << text; }
+
+// A world of mounts and, where that takes it, of users of this process's own.
+bool leaveTheWorld() {
+  const auto user = std::to_string(geteuid());
+  const auto group = std::to_string(getegid());
+  if (unshare(CLONE_NEWNS) != 0) {
+    if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
+    writeText("/proc/self/setgroups", "deny");
+    writeText("/proc/self/uid_map", "0 " + user + " 1");
+    writeText("/proc/self/gid_map", "0 " + group + " 1");
+  }
+  return ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
 // A real volume, in a world of mounts of the test's own, which the list gives another type.
 // Where the system gives it none, an ordinary user is refused, and that is what can be seen.
 TEST_F(Volumes, ARealOneIsUnmounted) {
@@ -300,16 +317,15 @@ TEST_F(Volumes, ARealOneIsUnmounted) {
   const std::string point = folder / "share";
   const pid_t child = fork();
   if (child == 0) {
-    const bool isAlone = unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 &&
-                         ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-                         ::mount("none", point.c_str(), "tmpfs", 0, nullptr) == 0;
+    const bool isAlone =
+        leaveTheWorld() && ::mount("none", point.c_str(), "tmpfs", 0, nullptr) == 0;
     if (!isAlone) {
       if (geteuid() == 0 && setuid(65534) != 0) _exit(10);
       _exit(unmount(path("share")) ? 11 : 0);
     }
-    std::ofstream(point + "/file") << "x";
-    std::filesystem::create_directory(point + "/inner");
-    if (chdir(point.c_str()) != 0 || unmount(path("share/inner"))) _exit(1);
+    writeText(point + "/file", "x");
+    if (mkdir((point + "/inner").c_str(), 0755) != 0) _exit(1);
+    if (chdir(point.c_str()) != 0 || unmount(path("share/inner"))) _exit(5);
     if (!std::filesystem::exists(point + "/file")) _exit(2);
     if (chdir("/") != 0 || !unmount(path("share/inner"))) _exit(3);
     if (std::filesystem::exists(point + "/file")) _exit(4);
