@@ -47,9 +47,10 @@
 - (BOOL)isUnmountableDeviceOrNetworkVolumeAtPath:(NSString *)path;
 
 /** Waits until it is done. A device is ejected by `unmountAndEjectDeviceAtPath:`, whose answer
-    is returned and which posts the platform's notifications; a volume of another machine by `OvUnmountVolume()`, YES when it is gone. When
-    it is not, one line in the log has the errno:
-    "FAILED: FSUnmountVolumeSync(); Error Code: %d". NO for every other volume. */
+    is returned, and which posts the platform's notifications. A volume of another machine is
+    unmounted by `OvUnmountVolume()`, without a notification: YES when it is gone. When it is
+    not, one line in the log has the errno: "FAILED: FSUnmountVolumeSync(); Error Code: %d". NO
+    for every other volume. */
 - (BOOL)unmountAndEjectDeviceOrNetworkVolumeAtPath:(NSString *)path;
 
 @end
