@@ -29,8 +29,8 @@
 
     Nothing is drawn where the image or the answer has no area; for the factor, a side of the image
     without length does not count. The answer is the zero rectangle, and nothing is drawn, where a
-    number is not finite or becomes too large. `operation`
-    and `fraction` (0 transparent, 1 opaque) are those of `drawInRect:fromRect:…`. */
+    number is not finite or becomes too large. `operation` and `fraction` (0 transparent, 1
+    opaque) are those of `drawInRect:fromRect:…`. Without focus there is only the answer. */
 - (NSRect)drawInRect:(NSRect)rect
           atPosition:(int)position
               scaled:(BOOL)scaled

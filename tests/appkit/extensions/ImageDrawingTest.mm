@@ -11,7 +11,7 @@
   NSImage *_image;
   NSRect _rect;
   int _position;
-  BOOL _scaled;
+  unsigned char _scaled;
   NSCompositingOperation _operation;
   float _fraction;
   NSRect _answer;
@@ -69,7 +69,7 @@ class ImageDrawing : public ov::test::LiveTest {
     return image;
   }
 
-  Picture draw(NSRect rect, int position, BOOL scaled) {
+  Picture draw(NSRect rect, int position, unsigned char scaled) {
     view->_rect = rect;
     view->_position = position;
     view->_scaled = scaled;
@@ -131,7 +131,7 @@ TEST_F(ImageDrawing, StretchedAtEveryOtherPosition) {
 }
 
 TEST_F(ImageDrawing, OnlyOneIsScaled) {
-  draw(kPlace, 1, static_cast<BOOL>(2));
+  draw(kPlace, 1, 2);
   EXPECT_EQ(view->_answer, NSMakeRect(30, 40, 40, 20));
 }
 
@@ -218,6 +218,7 @@ TEST_F(ImageDrawing, HugeRectanglesAndOddFractionsAreNoTrouble) {
 
 TEST_F(ImageDrawing, WithoutFocusTheAnswerIsTheSame) {
   ASSERT_EQ([NSView focusView], nil);
+  [NSGraphicsContext setCurrentContext:nil];
   EXPECT_EQ([view->_image drawInRect:NSMakeRect(0, 0, 80, 60)
                           atPosition:1
                               scaled:YES

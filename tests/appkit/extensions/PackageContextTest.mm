@@ -6,6 +6,18 @@
 
 #include "TemporaryFolder.h"
 
+/* A folder in which a second file of a name gets another one, as in AppKit; this platform
+   replaces the first. */
+@interface OvTestFolder : NSFileWrapper
+@end
+
+@implementation OvTestFolder
+- (NSString *)addRegularFileWithContents:(NSData *)data preferredFilename:(NSString *)name {
+  if ([[self fileWrappers] objectForKey:name]) name = [@"1__" stringByAppendingString:name];
+  return [super addRegularFileWithContents:data preferredFilename:name];
+}
+@end
+
 namespace {
 
 using testing::ElementsAre;
@@ -127,6 +139,14 @@ TEST_F(PackageContext, PackageInfoIsTheStringInUTF8) {
 
 TEST_F(PackageContext, TheLastPackageInfoCounts) {
   [context addPackageInfoFile:@"first, and longer"];
+  [context addPackageInfoFile:@"second"];
+  EXPECT_EQ(packageInfo(), "second");
+  EXPECT_THAT(names([context contentsDirectoryFileWrapper]), ElementsAre("PkgInfo"));
+}
+
+TEST_F(PackageContext, ThereIsNoSecondPackageInfo) {
+  add([[[OvTestFolder alloc] initDirectoryWithFileWrappers:nil] autorelease], @"Contents", root);
+  [context addPackageInfoFile:@"first"];
   [context addPackageInfoFile:@"second"];
   EXPECT_EQ(packageInfo(), "second");
   EXPECT_THAT(names([context contentsDirectoryFileWrapper]), ElementsAre("PkgInfo"));

@@ -1,12 +1,15 @@
 #import <OvAppKit/HXSoundRepository.h>
 
 #include <dlfcn.h>
+#include <objc/runtime.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <filesystem>
+#include <thread>
 
 #import "LiveTest.h"
 #include "TemporaryFolder.h"
@@ -33,6 +36,24 @@ extern "C" __attribute__((visibility("default"))) NSArray *NSSearchPathForDirect
   return real(directory, domains, expand);
 }
 
+static std::atomic<int> repositoriesMade = 0;
+
+/* What making the repository is while the test lasts. */
+@interface OvTestSlowObject : NSObject
+@end
+
+@implementation OvTestSlowObject
+// Gives the other threads the time to make one of their own.
+- (id)init {
+  ++repositoriesMade;
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(200);
+  while (repositoriesMade == 1 && std::chrono::steady_clock::now() < end) {
+    std::this_thread::yield();
+  }
+  return self;
+}
+@end
+
 @interface OvTestFirstAsker : NSObject {
  @public
   std::atomic<bool> *_go;
@@ -45,8 +66,7 @@ extern "C" __attribute__((visibility("default"))) NSArray *NSSearchPathForDirect
 @implementation OvTestFirstAsker
 - (void)ask:(id)unused {
   @autoreleasepool {
-    while (!*_go) {
-    }
+    while (!*_go) std::this_thread::yield();
     _found = [HXSoundRepository sharedSoundRepository];
     ++*_done;
   }
@@ -62,6 +82,8 @@ using testing::IsEmpty;
 class SoundsFirstUse : public ov::test::LiveTest {};
 
 TEST_F(SoundsFirstUse, MayComeFromAnyThread) {
+  class_addMethod([HXSoundRepository class], @selector(init),
+                  class_getMethodImplementation([OvTestSlowObject class], @selector(init)), "@@:");
   std::atomic<bool> go = false;
   std::atomic<int> done = 0;
   NSMutableArray *askers = [NSMutableArray array];
@@ -76,6 +98,7 @@ TEST_F(SoundsFirstUse, MayComeFromAnyThread) {
   ASSERT_TRUE(ov::test::pumpUntil([&] { return done == 16; }));
   HXSoundRepository *shared = [HXSoundRepository sharedSoundRepository];
   EXPECT_NE(shared, nil);
+  EXPECT_EQ(repositoriesMade, 1);
   for (OvTestFirstAsker *asker in askers) EXPECT_EQ(asker->_found, shared);
 }
 

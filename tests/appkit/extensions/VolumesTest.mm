@@ -4,6 +4,7 @@
 #import "LiveTest.h"
 
 #include <errno.h>
+#include <objc/runtime.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
@@ -16,6 +17,19 @@
 #include "FaultyCalls.h"
 #include "TemporaryFolder.h"
 #import "TestWorkspace.h"
+
+static OvVolumeRef givenVolume = 0;
+
+/* What stands for the file manager's own method. */
+@interface OvTestVolumeTeller : NSObject
+@end
+
+@implementation OvTestVolumeTeller
+- (OvVolumeRef)volumeRefWithPath:(NSString *)path {
+  (void)path;
+  return givenVolume;
+}
+@end
 
 namespace {
 
@@ -217,6 +231,28 @@ TEST_F(Volumes, AFailureIsTold) {
   EXPECT_FALSE(unmount(path("share")));
   EXPECT_THAT(log.lines(), ElementsAre("FAILED: FSUnmountVolumeSync(); Error Code: 16",
                                        "FAILED: FSUnmountVolumeSync(); Error Code: 1"));
+}
+
+TEST_F(Volumes, TheFileManagersVolumeIsUnmounted) {
+  mountShare(@"nfs");
+  const SEL selector = @selector(volumeRefWithPath:);
+  const Method method = class_getInstanceMethod([NSFileManager class], selector);
+  const IMP real = method_setImplementation(
+      method, class_getMethodImplementation([OvTestVolumeTeller class], selector));
+  {
+    ov::test::LogCapture log;
+    givenVolume = 0;
+    EXPECT_FALSE(unmount(path("share")));
+    EXPECT_THAT(log.lines(), IsEmpty()) << "there is no volume to unmount";
+    givenVolume = 99;
+    EXPECT_FALSE(unmount(path("share")));
+    EXPECT_THAT(log.lines(), ElementsAre("FAILED: FSUnmountVolumeSync(); Error Code: 19"));
+    EXPECT_THAT(unmounted, IsEmpty());
+    givenVolume = 7;
+    EXPECT_TRUE(unmount(path("share")));
+    EXPECT_EQ(unmounted.size(), 1u);
+  }
+  method_setImplementation(method, real);
 }
 
 TEST_F(Volumes, ALocalOneStays) {
