@@ -45,6 +45,21 @@ static NSImage *ownImage(NSString *name) {
   return image;
 }
 
+// The platform's way to hide a view, whatever the view's class makes of hiding.
+static void setHidden(NSView *view, BOOL flag) {
+  using Setter = void (*)(id, SEL, BOOL);
+  const SEL selector = @selector(setHidden:);
+  const IMP method = [NSView instanceMethodForSelector:selector];
+  reinterpret_cast<Setter>(reinterpret_cast<void *>(method))(view, selector, flag);
+}
+
+static BOOL isHidden(NSView *view) {
+  using Getter = BOOL (*)(id, SEL);
+  const SEL selector = @selector(isHidden);
+  const IMP method = [NSView instanceMethodForSelector:selector];
+  return reinterpret_cast<Getter>(reinterpret_cast<void *>(method))(view, selector);
+}
+
 @implementation OvCollapsingView (OvCollapsingViewLayout)
 
 #pragma mark Header
@@ -103,13 +118,16 @@ static NSImage *ownImage(NSString *name) {
   _state->holdsContentLayout = true;
   _state->contentSize = [_contentView frame].size;
   _state->contentAutoresizes = [_contentView autoresizesSubviews];
+  _state->contentHidden = isHidden(_contentView);
   [_contentView setAutoresizesSubviews:NO];
+  setHidden(_contentView, YES);
 }
 
 - (void)_ovReleaseContentLayout {
   if (_state == nullptr || !_state->holdsContentLayout) return;
   _state->holdsContentLayout = false;
   [_contentView setAutoresizesSubviews:_state->contentAutoresizes];
+  setHidden(_contentView, _state->contentHidden);
 }
 
 - (void)_ovShowContentLayout:(BOOL)flag {
@@ -117,6 +135,7 @@ static NSImage *ownImage(NSString *name) {
   [_contentView setAutoresizesSubviews:NO];
   [_contentView setFrameSize:flag ? _state->contentSize : [self visibleContentViewSize]];
   if (flag) [_contentView setAutoresizesSubviews:_state->contentAutoresizes];
+  setHidden(_contentView, flag ? _state->contentHidden : YES);
 }
 
 - (void)_ovChangeToSize:(NSSize)size {

@@ -10,6 +10,7 @@ struct OvCollapsingViewState {
   bool holdsContentLayout = false;
   NSSize contentSize = {};
   BOOL contentAutoresizes = YES;
+  BOOL contentHidden = NO;
 };
 
 @interface OvCollapsingView (OvPrivate)
@@ -24,7 +25,8 @@ struct OvCollapsingViewState {
 // Takes the size of the other state; _collapsed is the new state already.
 - (void)_ovChangeToSize:(NSSize)size;
 - (NSRect)_ovContentFrameOfHeight:(CGFloat)height;
-// The content, which is folded, leaves its subviews where they are.
+// The content, which is folded, leaves its subviews where they are, and the keyboard does not
+// come to them.
 - (void)_ovHoldContentLayout;
 // Gives a folded content the size that its subviews are laid out for, or takes it away again.
 - (void)_ovShowContentLayout:(BOOL)flag;

@@ -131,7 +131,8 @@ OV_EXPORT NSString *const OvCollapsingViewDidExpandNotification;
 - (BOOL)isLocked;
 
 /** The size of the other state: its height is what the view takes at the next change. At first
-    that is the header's. The setter stores the size and does nothing else. */
+    that is the header's. The setter stores the size and does nothing else; a height that is
+    negative or no finite number counts as the header's. */
 - (void)setReversedFrameSize:(NSSize)size;
 - (NSSize)reversedFrameSize;
 
@@ -165,7 +166,7 @@ OV_EXPORT NSString *const OvCollapsingViewDidExpandNotification;
 /** The view below the header, retained; nil for none. It gets the place below the header and
     grows with the view. While the view is folded it has no height, and what is in it keeps its
     places: its own subviews are laid out again when the view unfolds, and only if its size has
-    changed. */
+    changed. It is hidden meanwhile, as the platform hides views, so that Tab passes it. */
 - (void)setContentView:(NSView *)view;
 - (NSView *)contentView;
 

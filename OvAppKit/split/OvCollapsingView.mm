@@ -2,6 +2,8 @@
 #import <OvAppKit/OvTextField.h>
 #import <OvAppKit/OvTextFieldCell.h>
 
+#include <cmath>
+
 #import "split/OvCollapsingView+Private.h"
 #include "support/DelegateSubscription.h"
 #include "support/Retained.h"
@@ -167,7 +169,8 @@ static NSString *const OvDelegateKey = @"OvDelegate";
                                          : OvCollapsingViewWillExpandNotification
                         object:self];
   const NSRect before = [self frame];
-  const NSSize size = NSMakeSize(NSWidth(before), _reversedFrameSize.height);
+  NSSize size = NSMakeSize(NSWidth(before), _reversedFrameSize.height);
+  if (!std::isfinite(size.height) || size.height < 0) size.height = [self headerHeight];
   _reversedFrameSize = before.size;
   if (collapsed) [self _ovTakeKeyboardFromContent];
   [self _ovChangeToSize:size];

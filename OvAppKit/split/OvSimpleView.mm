@@ -182,7 +182,8 @@ static const CGFloat OvParkedPlace = 1000000;
   }
   [self _ovDrawImageInRect:bounds];
   [self _ovDrawLabelInRect:bounds];
-  if (_strokeRect && _frameColor != nil) {
+  // The platform draws a line of a negative width all over the view.
+  if (_strokeRect && _frameColor != nil && _frameLineWidth >= 0) {
     [_frameColor set];
     NSBezierPath *path = [NSBezierPath bezierPathWithRect:bounds];
     [path setLineWidth:_frameLineWidth];

@@ -459,6 +459,37 @@ TEST_F(CollapsingView, TheKeyboardLeavesContentThatFolds) {
   EXPECT_EQ([window firstResponder], window);
 }
 
+TEST_F(CollapsingView, TabPassesContentThatIsFolded) {
+  show(window);
+  OvFlippedView *content = [[[OvFlippedView alloc] initWithFrame:NSZeroRect] autorelease];
+  NSTextField *field = [[[NSTextField alloc] initWithFrame:NSMakeRect(0, 0, 90, 22)] autorelease];
+  [content addSubview:field];
+  [view setContentView:content];
+  EXPECT_TRUE([field canBecomeKeyView]);
+  [view setCollapsed:YES];
+  EXPECT_FALSE([field canBecomeKeyView]);
+  [view setCollapsed:NO];
+  EXPECT_TRUE([field canBecomeKeyView]);
+  EXPECT_FALSE([content isHidden]);
+  // What hides by itself otherwise is not moved away for it.
+  OvSimpleView *simple = [[[OvSimpleView alloc] initWithFrame:NSZeroRect] autorelease];
+  [view setContentView:simple];
+  [view setCollapsed:YES];
+  EXPECT_EQ([simple frame].origin, NSMakePoint(0, 23));
+  [view setCollapsed:NO];
+  EXPECT_EQ([simple frame], NSMakeRect(0, 23, 300, 177));
+}
+
+TEST_F(CollapsingView, AHeightThatIsNoneCountsAsTheHeaders) {
+  for (CGFloat height : {CGFloat(-5), CGFloat(NAN), CGFloat(INFINITY)}) {
+    [view setReversedFrameSize:NSMakeSize(1, height)];
+    [view setCollapsed:YES];
+    EXPECT_EQ([view frame].size, NSMakeSize(300, 23));
+    [view setCollapsed:NO];
+    EXPECT_EQ([view frame].size, NSMakeSize(300, 200));
+  }
+}
+
 TEST_F(CollapsingView, TipsMenuAndEmbossingGoOn) {
   [view setContentView:[[[NSView alloc] initWithFrame:NSZeroRect] autorelease]];
   [view setDisclosureToolTip:@"triangle"];

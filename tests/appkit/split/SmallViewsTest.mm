@@ -260,6 +260,8 @@ TEST_F(SimpleView, SurvivesEmptyAndMissingThings) {
   [view setStrokeRect:YES];
   [view setFrameLineWidth:-1];
   pictureOf(view);
+  [view setFrameColor:color(1, 0, 0)];
+  EXPECT_EQ(pictureOf(view).count([view bounds], kRed), 0) << "no line is that thin";
   [view setLabel:@"x"];
   [view setFrameSize:NSZeroSize];
   [[window contentView] display];
