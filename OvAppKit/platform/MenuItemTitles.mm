@@ -26,10 +26,12 @@ NSDictionary *attributesOf(NSCell *cell) {
 
 NSAttributedString *overlaid(NSString *characters, NSDictionary *defaults,
                              NSAttributedString *attributes) {
-  NSMutableAttributedString *result =
-      [[[NSMutableAttributedString alloc] initWithString:characters
-                                              attributes:defaults] autorelease];
   const NSUInteger length = [characters length];
+  NSMutableAttributedString *result = [[[NSMutableAttributedString alloc] init] autorelease];
+  // Made of a string it would lose half a surrogate pair, and all the rest.
+  [result replaceCharactersInRange:NSMakeRange(0, 0) withString:characters];
+  if ([result length] != length) return attributes;
+  [result setAttributes:defaults range:NSMakeRange(0, length)];
   NSRange run = NSMakeRange(0, 0);
   for (NSUInteger at = 0; at < length; at = NSMaxRange(run)) {
     [result addAttributes:[attributes attributesAtIndex:at effectiveRange:&run] range:run];
