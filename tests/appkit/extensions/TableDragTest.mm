@@ -122,7 +122,9 @@ TEST_F(TableDrags, ADropIsToldAsItWas) {
 }
 
 TEST_F(TableDrags, ADropOnNothingIsNone) {
-  EXPECT_TRUE(drag({outside(), outside()}));
+  host->mask = NSDragOperationMove;
+  trash->answer = NSDragOperationMove;
+  EXPECT_TRUE(drag({overTrash(), overTrash(60), outside(), outside()}));
   EXPECT_EQ(host->calls.back(), "operation 0");
   EXPECT_EQ(trash->performed, 0);
 }
