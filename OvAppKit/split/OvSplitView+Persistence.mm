@@ -2,6 +2,7 @@
 
 #import <OvAppKit/OvSplitView.h>
 
+#include "platform/DisplayMarks.h"
 #import "split/LayoutSnapshot.h"
 #import "split/OvSplitView+Private.h"
 #include "split/StoredLayout.h"
@@ -35,7 +36,7 @@ static id numberIn(id dictionary, NSString *key) {
 - (ov::SavedLayout)_ovLayout {
   ov::SavedLayout layout;
   layout.vertical = [self isVertical];
-  NSArray *panes = [self subviews];
+  NSArray *panes = ov::subviewsOf(self);
   layout.panes.reserve([panes count]);
   for (NSView *pane in panes) {
     layout.panes.push_back({[pane frame], static_cast<bool>([self isSubviewCollapsed:pane])});
