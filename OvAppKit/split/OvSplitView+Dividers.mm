@@ -3,7 +3,9 @@
 #import <OvAppKit/OvSplitView.h>
 
 #include <algorithm>
+#include <span>
 
+#include "platform/DisplayMarks.h"
 #import "split/OvSplitView+Private.h"
 #include "split/ThicknessDistribution.h"
 #include "support/Retained.h"
@@ -20,33 +22,38 @@
     const bool collapsed = [self isSubviewCollapsed:pane];
     thicknesses.push_back(collapsed ? 0 : ov::alongAxis([pane frame].size, vertical));
   }
-  const std::vector<float> origins = ov::dividerOrigins(thicknesses, [self dividerThickness]);
-  // All at once: a hundred panes would be marked twice each, and every mark goes up the
-  // hierarchy.
-  NSRect changed = NSZeroRect;
-  std::size_t marked = 0;  // panes up to here
-  for (std::size_t i = 0; i < origins.size(); ++i) {
-    const NSRect divider = [self _ovFrameOfDividerAt:origins[i]];
-    if (![self _ovStoreDivider:divider atIndex:i]) continue;
-    changed = NSUnionRect(changed, divider);
-    for (std::size_t k = std::max(marked, i); k < i + 2; ++k) {
-      NSView *pane = [panes objectAtIndex:k];
-      if (std::ranges::find(_state->marked, pane) == _state->marked.end())
-        [pane setNeedsDisplay:YES];
+  const CGFloat thickness = [self dividerThickness];
+  const CGFloat across = ov::acrossAxis([self frame].size, vertical);
+  const std::vector<float> origins = ov::dividerOrigins(thicknesses, thickness);
+  {
+    ov::DisplayMarks marks(self);
+    std::size_t marked = 0;  // panes up to here
+    std::size_t before = 0;  // marked panes that were met
+    for (std::size_t i = 0; i < origins.size(); ++i) {
+      const NSRect divider = ov::rectOnAxis(origins[i], thickness, across, vertical);
+      if (![self _ovStoreDivider:divider atIndex:i]) continue;
+      marks.add(divider);
+      for (std::size_t k = std::max(marked, i); k < i + 2; ++k) {
+        NSView *pane = [panes objectAtIndex:k];
+        // The layout has marked some already, in the same order.
+        const auto rest =
+            std::span(_state->marked).subspan(std::min(before, _state->marked.size()));
+        const auto found = std::ranges::find(rest, pane);
+        if (found == rest.end()) {
+          marks.add(pane);
+        } else {
+          before += static_cast<std::size_t>(found - rest.begin()) + 1;
+        }
+      }
+      marked = i + 2;
     }
-    marked = i + 2;
   }
   _state->marked.clear();
-  if (!NSIsEmptyRect(changed)) [self setNeedsDisplayInRect:changed];
   while ([_dividers count] > origins.size()) [_dividers removeLastObject];
   [self _resetToolTipRect];
-  [self _ovCursorRectsDidChange];
-}
-
-- (NSRect)_ovFrameOfDividerAt:(float)distance {
-  const BOOL vertical = [self isVertical];
-  return ov::rectOnAxis(distance, [self dividerThickness],
-                        ov::acrossAxis([self frame].size, vertical), vertical);
+  // The window sets them up again before it handles its next event, however many layouts
+  // come before.
+  [[self window] invalidateCursorRectsForView:self];
 }
 
 // NO if it is there already.
@@ -58,10 +65,12 @@
 }
 
 - (void)_setDividerAtIndex:(uint32_t)index toDistanceFromBase:(float)distance {
-  const NSRect frame = [self _ovFrameOfDividerAt:distance];
+  const BOOL vertical = [self isVertical];
+  const NSRect frame = ov::rectOnAxis(distance, [self dividerThickness],
+                                      ov::acrossAxis([self frame].size, vertical), vertical);
   if (![self _ovStoreDivider:frame atIndex:index]) return;
   [self setNeedsDisplayInRect:frame];
-  NSArray *panes = [self subviews];
+  NSArray *panes = ov::subviewsOf(self);
   for (NSUInteger pane = index; pane <= NSUInteger{index} + 1 && pane < [panes count]; ++pane) {
     [[panes objectAtIndex:pane] setNeedsDisplay:YES];
   }
@@ -85,10 +94,12 @@
 #pragma mark Cursor
 
 // The platform sends this after a move of the view as well, without discarding first; and
-// in the middle of a resize, when the dividers are the old ones.
+// in the middle of a resize, when the dividers are the old ones. Those are left until they
+// are invalidated: the window passes over a view that has none.
 - (void)resetCursorRects {
+  if (_state != nullptr && _state->resizing) return;
   [self discardCursorRects];
-  if (_state == nullptr || _state->resizing) return;
+  if (_state == nullptr) return;
   for (NSValue *divider in _dividers) {
     [self addCursorRect:[divider rectValue] cursor:_currentCursor];
   }
@@ -96,8 +107,8 @@
   if (!NSEqualRects([self visibleRect], _state -> tipsVisibleRect)) [self _ovInstallToolTips];
 }
 
-// The window sets the rectangles up again with one of its next events, and only if it is
-// key; a pointer that moves before must not meet the old ones.
+// At once: a cursor that is not the right one any more would be seen, and the window looks
+// at the place of the pointer only if it is key.
 - (void)_ovCursorRectsDidChange {
   if (_state == nullptr || [self window] == nil) return;
   [[self window] invalidateCursorRectsForView:self];
@@ -108,10 +119,14 @@
 
 - (void)_resetToolTipRect {
   [self removeAllToolTips];
+  _state->tipsVisibleRect = [self visibleRect];
+  const SEL adding = @selector(addToolTipRect:owner:userData:);
+  if (![self _ovHasToolTips] &&
+      [self methodForSelector:adding] == [OvSplitView instanceMethodForSelector:adding])
+    return;
   for (NSValue *divider in _dividers) {
     [self addToolTipRect:[divider rectValue] owner:self userData:nullptr];
   }
-  _state->tipsVisibleRect = [self visibleRect];
 }
 
 // Without a text nothing is installed at each resize, unless a subclass supplies texts.

@@ -4,6 +4,7 @@
 
 #include <chrono>
 
+#include "platform/DisplayMarks.h"
 #import "split/DelegateConstraint.h"
 #include "split/DividerDrag.h"
 #import "split/OvSplitView+Private.h"
@@ -64,7 +65,7 @@ class DragScope {
   const NSPoint point = [self convertPoint:[event locationInWindow] fromView:nil];
   const NSInteger index = [self _dividerIndexUnderMouse:point];
   // Panes may have been removed without a layout since.
-  if (index == NSNotFound || (NSUInteger)index + 1 >= [[self subviews] count]) return;
+  if (index == NSNotFound || (NSUInteger)index + 1 >= [ov::subviewsOf(self) count]) return;
   if ([event clickCount] >= 2) {
     if ([_delegate respondsToSelector:@selector(splitView:
                                           didDoubleClickInDivider:withModifierFlag:)]) {
@@ -83,7 +84,7 @@ class DragScope {
 }
 
 - (PressedDivider)_ovPressDivider:(NSInteger)index at:(float)pointer {
-  NSArray *panes = [self subviews];
+  NSArray *panes = ov::subviewsOf(self);
   PressedDivider pressed;
   pressed.index = index;
   pressed.before = ov::retain<NSView *>([panes objectAtIndex:(NSUInteger)index]);

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+#include "platform/DisplayMarks.h"
 #import "split/OvSplitView+Private.h"
 #include "split/ThicknessDistribution.h"
 #include "support/Retained.h"
@@ -19,14 +20,14 @@ static void post(NSString *name, OvSplitView *splitView, NSDictionary *userInfo 
 #pragma mark Collapsing
 
 - (NSView *)_ovSubviewAtIndex:(uint32_t)index {
-  NSArray *panes = [self subviews];
+  NSArray *panes = ov::subviewsOf(self);
   return index < [panes count] ? [panes objectAtIndex:index] : nil;
 }
 
 - (void)setSubview:(NSView *)subview isCollapsed:(BOOL)flag {
   const BOOL collapse = flag ? YES : NO;
   if (subview == nil || [self isSubviewCollapsed:subview] == collapse) return;
-  const NSUInteger index = [[self subviews] indexOfObjectIdenticalTo:subview];
+  const NSUInteger index = [ov::subviewsOf(self) indexOfObjectIdenticalTo:subview];
   if (collapse && index == NSNotFound) return;
   // Observers may remove the pane, or the view.
   const auto keptView = ov::retain(self);
@@ -154,6 +155,7 @@ static void post(NSString *name, OvSplitView *splitView, NSDictionary *userInfo 
   const NSSize size = [self frame].size;
   const std::vector<ov::AxisSpan> spans =
       ov::placePanes(shares, ov::alongAxis(size, vertical), [self dividerThickness]);
+  ov::DisplayMarks marks(self);
   for (NSUInteger i = 0; i < spans.size(); ++i) {
     if (shares[i] == 0) continue;
     NSView *pane = [panes objectAtIndex:i];
@@ -163,7 +165,7 @@ static void post(NSString *name, OvSplitView *splitView, NSDictionary *userInfo 
         ov::rectOnAxis(spans[i].origin, spans[i].length, ov::acrossAxis(size, vertical), vertical);
     if (NSEqualRects(frame, [pane frame])) continue;
     [pane setFrame:frame];
-    [pane setNeedsDisplay:YES];
+    marks.add(pane);
     _state->marked.push_back(pane);
   }
 }

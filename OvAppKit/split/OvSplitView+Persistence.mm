@@ -2,6 +2,7 @@
 
 #import <OvAppKit/OvSplitView.h>
 
+#include "platform/DisplayMarks.h"
 #import "split/LayoutSnapshot.h"
 #import "split/OvSplitView+Private.h"
 #include "split/StoredLayout.h"
@@ -35,10 +36,11 @@ static id numberIn(id dictionary, NSString *key) {
 - (ov::SavedLayout)_ovLayout {
   ov::SavedLayout layout;
   layout.vertical = [self isVertical];
-  NSArray *panes = [self subviews];
+  NSArray *panes = ov::subviewsOf(self);
   layout.panes.reserve([panes count]);
+  const bool anyCollapsed = [_collapsedSubviews count] > 0;
   for (NSView *pane in panes) {
-    layout.panes.push_back({[pane frame], static_cast<bool>([self isSubviewCollapsed:pane])});
+    layout.panes.push_back({[pane frame], anyCollapsed && [self isSubviewCollapsed:pane]});
   }
   return layout;
 }
@@ -82,11 +84,11 @@ static id numberIn(id dictionary, NSString *key) {
 
 - (void)saveLayoutUsingName:(NSString *)name {
   if (name == nil) return;
-  NSString *key = [OvSplitView _userDefaultsKeyForName:name];
   if (_state->dragSaves != nullptr && [name isEqual:_autosaveName]) {
-    _state->dragSaves->set(key, [self _ovLayoutToStore].get());
+    _state->dragSaves->set(_state->autosaveKey.get(), [self _ovLayoutToStore].get());
   } else {
-    [[NSUserDefaults standardUserDefaults] setObject:[self stringWithSavedLayout] forKey:key];
+    [[NSUserDefaults standardUserDefaults] setObject:[self stringWithSavedLayout]
+                                              forKey:[OvSplitView _userDefaultsKeyForName:name]];
   }
 }
 
@@ -126,6 +128,7 @@ static id numberIn(id dictionary, NSString *key) {
   }
   OvReplaceRetained(&_autosaveName, newName.get());
   if (newName.get() != nil) {
+    _state->autosaveKey = ov::retain([OvSplitView _userDefaultsKeyForName:newName.get()]);
     [self setLayoutUsingName:newName.get()];
     [autosaveNames addObject:newName.get()];
     [self _ovObserveOwnResizes];

@@ -10,6 +10,7 @@
 #include "platform/ToolTipRegions.h"
 #include "platform/TrackingRects.h"
 #import "split/DeferredDefault.h"
+#include "support/Retained.h"
 
 // State beyond the promised variables.
 struct OvSplitViewState {
@@ -33,6 +34,8 @@ struct OvSplitViewState {
   std::vector<NSView *> marked;
   // Takes what is saved under the autosave name while a divider is dragged.
   std::unique_ptr<ov::DeferredDefault> dragSaves;
+  // Of the user default that the layout is saved under.
+  ov::Retained<NSString *> autosaveKey;
   // What of the view could be seen when the tool tips were installed.
   NSRect tipsVisibleRect = NSZeroRect;
 };

@@ -1,6 +1,7 @@
 #import <OvAppKit/OvSplitView.h>
 #import <OvFoundation/OvSystemVersion.h>
 
+#include "platform/DisplayMarks.h"
 #import "split/OvSplitView+Private.h"
 #include "support/DelegateSubscription.h"
 #include "support/Retained.h"
@@ -167,7 +168,7 @@ static ov::Retained<NSCursor *> ownCursor(NSString *name) {
 
 // Panes that came or went without a layout: their dividers are in place once they are seen.
 - (void)displayRectIgnoringOpacity:(NSRect)rect inContext:(NSGraphicsContext *)context {
-  const NSUInteger paneCount = [[self subviews] count];
+  const NSUInteger paneCount = [ov::subviewsOf(self) count];
   if (paneCount > 0 && [_dividers count] != paneCount - 1) [self _updateDividers];
   [super displayRectIgnoringOpacity:rect inContext:context];
 }
