@@ -51,9 +51,7 @@
   _state->marked.clear();
   while ([_dividers count] > origins.size()) [_dividers removeLastObject];
   [self _resetToolTipRect];
-  // The window sets them up again before it handles its next event, however many layouts
-  // come before.
-  [[self window] invalidateCursorRectsForView:self];
+  [self _ovCursorRectsDidChange];
 }
 
 // NO if it is there already.
