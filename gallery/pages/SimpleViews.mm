@@ -138,7 +138,7 @@ const NSTabViewType kTabTypes[] = {NSTopTabsBezelBorder, NSBottomTabsBezelBorder
 // The platform's tabs are white and black edges, made for the grey behind them.
 - (void)addTabs:(int)index class:(Class)tabViewClass caption:(NSString *)caption {
   _backings[index] = [GalleryBox boxWithFill:GalleryColor(0xC4CAD4) border:nil];
-  _tabs[index] = [[[tabViewClass alloc] initWithFrame:NSZeroRect] autorelease];
+  _tabs[index] = [[[tabViewClass alloc] initWithFrame:NSMakeRect(0, 0, 400, 200)] autorelease];
   [_tabs[index] setFont:GalleryFont(12)];
   for (NSString *title in @[ @"Summary", @"Details", @"History" ]) {
     NSTabViewItem *item = [[[NSTabViewItem alloc] initWithIdentifier:title] autorelease];
@@ -180,6 +180,16 @@ const NSTabViewType kTabTypes[] = {NSTopTabsBezelBorder, NSBottomTabsBezelBorder
     [_tabCaptions[i] setFrameOrigin:NSMakePoint(x - 2, tabsTop + tabsHeight + 6)];
   }
   [_canvas setNeedsDisplay:YES];
+}
+
+// The platform places the view of a chosen item only when the tabs are resized.
+- (void)showTabsOfType:(NSTabViewType)type {
+  for (NSTabView *tabs : _tabs) {
+    [tabs setTabViewType:type];
+    [[[tabs selectedTabViewItem] view] setFrame:[tabs contentRect]];
+  }
+  [_canvas setNeedsDisplay:YES];
+  [self changed];
 }
 
 - (NSView *)keyView {
@@ -234,7 +244,7 @@ const NSTabViewType kTabTypes[] = {NSTopTabsBezelBorder, NSBottomTabsBezelBorder
                                }];
   [settings addColumn:@"The label"];
   [settings addPopUp:@"Text"
-              titles:@[ kLabels[0], kLabels[1], @"Wider than its view" ]
+              titles:@[ kLabels[0], kLabels[1], @"Too wide" ]
             selected:0
              changed:[self](NSInteger index) {
                [_tiles[kLabelled] setLabel:kLabels[index]];
@@ -250,11 +260,7 @@ const NSTabViewType kTabTypes[] = {NSTopTabsBezelBorder, NSBottomTabsBezelBorder
   [settings addPopUp:@"Kind"
               titles:@[ @"At the top", @"At the bottom", @"None, bezel", @"None, line" ]
             selected:0
-             changed:[self](NSInteger index) {
-               for (NSTabView *tabs : _tabs) [tabs setTabViewType:kTabTypes[index]];
-               [_canvas setNeedsDisplay:YES];
-               [self changed];
-             }];
+             changed:[self](NSInteger index) { [self showTabsOfType:kTabTypes[index]]; }];
 }
 
 #pragma mark Status

@@ -90,6 +90,7 @@ const CGFloat kLeast[2][kPaneCount] = {{120, 140, 200}, {50, 70, 90}};
   [_split resizeSubviewsWithOldSize:[_split bounds].size];
   [_split setDelegate:self];
   [_split setLayoutAutosaveName:@"Gallery mail"];
+  [self setMessage:@"" warning:NO];  // of what has been restored
   [[NSNotificationCenter defaultCenter] addObserver:self
                                            selector:@selector(layoutChanged)
                                                name:NSSplitViewDidResizeSubviewsNotification
@@ -224,6 +225,36 @@ const CGFloat kLeast[2][kPaneCount] = {{120, 140, 200}, {50, 70, 90}};
   [self setMessage:[name stringByAppendingString:@" expanded."] warning:NO];
 }
 
+// The folders and the message keep their thickness, and the letters take the rest: what a pane
+// gains or loses by collapsing moves nothing beyond its neighbour. Without room for that, all
+// share.
+- (void)splitView:(NSSplitView *)split resizeSubviewsWithOldSize:(NSSize)oldSize {
+  (void)oldSize;
+  const BOOL vertical = [split isVertical];
+  const NSSize size = [split bounds].size;
+  CGFloat thickness[kPaneCount] = {};
+  CGFloat rest = (vertical ? size.width : size.height) - 2 * [split dividerThickness];
+  for (int i : {kFolders, kMessage}) {
+    if ([_split isSubviewCollapsed:_panes[i]]) continue;
+    const NSSize pane = [_panes[i] frame].size;
+    thickness[i] = vertical ? pane.width : pane.height;
+    rest -= thickness[i];
+  }
+  thickness[kLetters] = rest;
+  if (rest < kLeast[!vertical][kLetters]) {
+    [split adjustSubviews];
+    return;
+  }
+  CGFloat position = 0;
+  for (int i = 0; i < kPaneCount; ++i) {
+    if (thickness[i] > 0) {
+      [_panes[i] setFrame:vertical ? NSMakeRect(position, 0, thickness[i], size.height)
+                                   : NSMakeRect(0, position, size.width, thickness[i])];
+    }
+    position += thickness[i] + [split dividerThickness];
+  }
+}
+
 - (BOOL)splitView:(NSSplitView *)split canCollapseSubview:(NSView *)view {
   (void)split;
   return view != _letters;
@@ -283,6 +314,12 @@ const CGFloat kLeast[2][kPaneCount] = {{120, 140, 200}, {50, 70, 90}};
   [lines addObject:[NSString stringWithFormat:@"vertical=%d", [_split isVertical]]];
   [lines addObject:[NSString stringWithFormat:@"locked=%d", [_split mouseLocked]]];
   [lines addObject:[NSString stringWithFormat:@"saved=%d", [self isLayoutSaved]]];
+  NSResponder *focus = [[_split window] firstResponder];
+  for (int i = 0; i < kPaneCount; ++i) {
+    if (_panes[i] == focus) {
+      [lines addObject:[@"focus=" stringByAppendingString:[kPaneNames[i] lowercaseString]]];
+    }
+  }
   [lines addObject:GalleryStatusLine(@"grid", _split, [_split bounds], @"")];
   return lines;
 }

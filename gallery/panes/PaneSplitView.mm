@@ -21,6 +21,13 @@ static NSRect centred(NSRect rect, CGFloat length, CGFloat width, BOOL upright) 
   return kThickness;
 }
 
+// A drag that collapses the last pane takes the divider to the far edge, beyond which nobody can
+// take hold of it again. Laying out brings it back.
+- (void)mouseDown:(NSEvent *)event {
+  [super mouseDown:event];
+  if (![self mouseLocked]) [self resizeSubviewsWithOldSize:[self bounds].size];
+}
+
 - (void)drawDividerInRect:(NSRect)rect {
   const BOOL upright = [self isVertical];
   const CGFloat length = upright ? NSHeight(rect) : NSWidth(rect);
