@@ -2,6 +2,7 @@
 
 #import <OvAppKit/OvAppKit.h>
 
+#import "panes/InspectorRows.h"
 #import "panes/PicturePreview.h"
 #import "panes/Swatches.h"
 #import "shell/GalleryControls.h"
@@ -9,12 +10,8 @@
 #import "shell/GallerySettings.h"
 #import "shell/GalleryStyle.h"
 
-static const CGFloat kColumnWidth = 320;
 static const CGFloat kScrollerWidth = 20;
-static const CGFloat kInspectorWidth =
-    GalleryMargin + kColumnWidth + GalleryMargin + kScrollerWidth;
-// Where a header's title begins, and what is below it, too.
-static const CGFloat kIndent = 35;
+static const CGFloat kScrollWidth = GalleryMargin + InspectorWidth + GalleryMargin + kScrollerWidth;
 
 // The column has the keyboard when the page opens, so that no triangle shows a focus yet.
 @interface InspectorColumn : OvFlippedView
@@ -27,44 +24,6 @@ static const CGFloat kIndent = 35;
 }
 
 @end
-
-// One value of the inspector, with its name in front.
-static NSView *valueRow(NSString *name, NSString *value) {
-  GalleryBox *row = [GalleryBox boxWithFill:nil border:nil];
-  [row setFrame:NSMakeRect(0, 0, kColumnWidth, 26)];
-  NSTextField *label = GalleryLabel(name, GalleryFont(12), GalleryQuietTextColor());
-  [label setFrameOrigin:NSMakePoint(kIndent, 4)];
-  NSTextField *text = GalleryLabel(value, GalleryFont(12), GalleryTextColor());
-  [text setFrameOrigin:NSMakePoint(130, 4)];
-  [row addSubview:label];
-  [row addSubview:text];
-  return row;
-}
-
-// The rows one below the other, with a little air at both ends.
-static NSView *stack(NSArray *rows) {
-  OvFlippedView *view = [[[OvFlippedView alloc] initWithFrame:NSZeroRect] autorelease];
-  CGFloat y = 6;
-  for (NSView *row in rows) {
-    [row setFrameOrigin:NSMakePoint(NSMinX([row frame]), y)];
-    [view addSubview:row];
-    y += NSHeight([row frame]);
-  }
-  [view setFrameSize:NSMakeSize(kColumnWidth, y + 10)];
-  return view;
-}
-
-static NSView *notesField() {
-  GalleryBox *frame = [GalleryBox boxWithFill:GalleryPanelColor() border:GalleryLineColor()];
-  [frame setFrame:NSMakeRect(kIndent, 0, kColumnWidth - kIndent - GalleryMargin, 90)];
-  NSTextView *notes =
-      [[[NSTextView alloc] initWithFrame:NSInsetRect([frame bounds], 1, 1)] autorelease];
-  [notes setString:@"Taken from the bridge. The light lasted for three minutes."];
-  [notes setFont:GalleryFont(12)];
-  [notes setTextColor:GalleryTextColor()];
-  [frame addSubview:notes];
-  return frame;
-}
 
 namespace {
 
@@ -127,7 +86,7 @@ NSString *const kTitles[kSectionCount] = {@"General", @"Picture", @"Label", @"No
 - (NSView *)makeView {
   _board = [[GalleryBox boxWithFill:GalleryPanelColor() border:nil] retain];
   [_board setFrame:NSMakeRect(0, 0, 942, 498)];
-  const CGFloat left = 942 - kInspectorWidth;
+  const CGFloat left = 942 - kScrollWidth;
   _preview = [[[PicturePreview alloc] initWithName:@"Evening walk.png"
                                         labelColor:SwatchColor(0)] autorelease];
   [_preview setFrame:NSMakeRect(0, 0, left - 1, 498)];
@@ -135,7 +94,7 @@ NSString *const kTitles[kSectionCount] = {@"General", @"Picture", @"Label", @"No
   GalleryBox *line = [GalleryBox boxWithFill:GalleryLineColor() border:nil];
   [line setFrame:NSMakeRect(left - 1, 0, 1, 498)];
   [line setAutoresizingMask:NSViewMinXMargin | NSViewHeightSizable];
-  _scroll = [[[GalleryScrollView alloc] initWithFrame:NSMakeRect(left, 0, kInspectorWidth, 498)]
+  _scroll = [[[GalleryScrollView alloc] initWithFrame:NSMakeRect(left, 0, kScrollWidth, 498)]
       autorelease];
   // Not white, on which embossed titles would not show.
   [_scroll setBackgroundColor:GallerySidebarColor()];
@@ -157,18 +116,18 @@ NSString *const kTitles[kSectionCount] = {@"General", @"Picture", @"Label", @"No
 
 - (void)makeContents {
   Swatches *swatches = [[[Swatches alloc]
-      initWithFrame:NSMakeRect(kIndent, 0, kColumnWidth - kIndent, 34)
+      initWithFrame:NSMakeRect(InspectorIndent, 0, InspectorWidth - InspectorIndent, 34)
             changed:[self](NSInteger index) { [self chooseLabel:index]; }] autorelease];
   NSView *const contents[kSectionCount] = {
-      stack(@[
-        valueRow(@"Name", @"Evening walk.png"), valueRow(@"Kind", @"PNG picture"),
-        valueRow(@"Size", @"1,284,310 bytes"), valueRow(@"Changed", @"3 October, 18:42")
+      InspectorStack(@[
+        InspectorRow(@"Name", @"Evening walk.png"), InspectorRow(@"Kind", @"PNG picture"),
+        InspectorRow(@"Size", @"1,284,310 bytes"), InspectorRow(@"Changed", @"3 October, 18:42")
       ]),
-      stack(@[
-        valueRow(@"Width", @"2400 pixels"), valueRow(@"Height", @"1600 pixels"),
-        valueRow(@"Depth", @"8 bits, RGB")
+      InspectorStack(@[
+        InspectorRow(@"Width", @"2400 pixels"), InspectorRow(@"Height", @"1600 pixels"),
+        InspectorRow(@"Depth", @"8 bits, RGB")
       ]),
-      stack(@[ swatches ]), stack(@[ notesField() ])};
+      InspectorStack(@[ swatches ]), InspectorStack(@[ InspectorNotes() ])};
   NSString *const summaries[kSectionCount] = {@"Evening walk.png", @"2400 x 1600", SwatchName(0),
                                               @"1 note"};
   for (int i = 0; i < kSectionCount; ++i) {
@@ -186,10 +145,10 @@ NSString *const kTitles[kSectionCount] = {@"General", @"Picture", @"Label", @"No
     [_sections[i] setDelegate:nil];
     [_sections[i] setContentView:nil];
     [_sections[i] removeFromSuperview];
-    _sections[i] = [[[OvCollapsingView alloc] initWithFrame:NSMakeRect(0, 0, kColumnWidth, 100)
+    _sections[i] = [[[OvCollapsingView alloc] initWithFrame:NSMakeRect(0, 0, InspectorWidth, 100)
                                                        size:_boxSize] autorelease];
     OvCollapsingView *section = _sections[i];
-    [section setFrameSize:NSMakeSize(kColumnWidth, [section headerHeight] + _contentHeights[i])];
+    [section setFrameSize:NSMakeSize(InspectorWidth, [section headerHeight] + _contentHeights[i])];
     [section setContentView:_contents[i]];
     [section setTitle:kTitles[i]];
     [section setHeaderToolTip:@"Click to fold or unfold"];
@@ -227,8 +186,8 @@ NSString *const kTitles[kSectionCount] = {@"General", @"Picture", @"Label", @"No
     [section setFrameOrigin:NSMakePoint(GalleryMargin, y)];
     y = NSMaxY([section frame]) + GallerySmallMargin;
   }
-  [_column
-      setFrameSize:NSMakeSize(kColumnWidth + 2 * GalleryMargin, MAX(NSHeight([_scroll frame]), y))];
+  [_column setFrameSize:NSMakeSize(InspectorWidth + 2 * GalleryMargin,
+                                   MAX(NSHeight([_scroll frame]), y))];
   [_column setNeedsDisplay:YES];
 }
 

@@ -76,7 +76,7 @@ void GalleryJourney::SetUp() {
 
 void GalleryJourney::TearDown() {
   if (task_) {
-    [task_ terminate];
+    sendSignal(SIGTERM);  // -terminate would make the platform call it ended at once
     EXPECT_EQ(waitForExit(), 0) << "when told to end";
   }
   LiveTest::TearDown();
