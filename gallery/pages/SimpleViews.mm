@@ -268,7 +268,7 @@ const NSTabViewType kTabTypes[] = {NSTopTabsBezelBorder, NSBottomTabsBezelBorder
 // Where the tab can be pressed; the platform only tells which tab is at a point.
 - (NSRect)rectOfTab:(NSTabViewItem *)item {
   const NSSize size = [_tabs[0] bounds].size;
-  for (CGFloat y : {10.0, size.height - 10}) {
+  for (CGFloat y : {CGFloat(10), size.height - 10}) {
     CGFloat first = -1, last = -1;
     for (CGFloat x = 0; x < size.width; x += 2) {
       if ([_tabs[0] tabViewItemAtPoint:NSMakePoint(x, y)] != item) continue;

@@ -71,7 +71,7 @@ static void drawEvening(NSRect rect) {
   const NSSize size = [self bounds].size;
   const CGFloat width =
       floor(std::min({kWidest, size.width - 2 * GalleryLargeMargin,
-                      (size.height - kNameHeight - 2 * GalleryLargeMargin) * 1.5}));
+                      (size.height - kNameHeight - 2 * GalleryLargeMargin) * 3 / 2}));
   if (width < 30) return;
   const CGFloat height = floor(width / 1.5);
   const NSRect picture = NSMakeRect(floor((size.width - width) / 2),

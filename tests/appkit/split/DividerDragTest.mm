@@ -19,7 +19,7 @@ using testing::IsSupersetOf;
 @implementation OvTestSlowPane
 - (void)setFrame:(NSRect)frame {
   [super setFrame:frame];
-  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(20);
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(60);
   while (slow && std::chrono::steady_clock::now() < end) {
   }
 }
