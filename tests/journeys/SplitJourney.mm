@@ -123,6 +123,18 @@ TEST_F(SplitJourney, APaneThatIsLeftCollapsedIsDraggedOutAgain) {
   EXPECT_NEAR(state().rect("folders").width, 150, 1);
 }
 
+// Its divider goes to the far edge, where it must still be within reach.
+TEST_F(SplitJourney, TheLastPaneIsDraggedOutAgain) {
+  open();
+  const ScreenRect grid = state().grid;
+  const int edge = grid.x + grid.width;
+  ASSERT_TRUE(drag("divider1", edge - 20 - state().rect("divider1").x, 0, "collapsed",
+                   has("collapsed.message", 1)));
+  ASSERT_TRUE(waitFor("the divider is at the edge", dividerAt("divider1", edge - 7)));
+  ASSERT_TRUE(drag("divider1", -250, 0, "dragged out", dividerAt("divider1", edge - 7 - 250)));
+  EXPECT_TRUE(waitForPane("message", false, "Show message"));
+}
+
 TEST_F(SplitJourney, ADoubleClickCollapsesAndExpands) {
   open();
   ASSERT_TRUE(pressUntil("divider1", "collapsed", has("collapsed.message", 1), 2));
