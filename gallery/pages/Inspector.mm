@@ -1,111 +1,52 @@
-// Folding views in a column that closes up as they fold.
+// A picture and its inspector: folding views in a column that closes up as they fold.
 
 #import <OvAppKit/OvAppKit.h>
 
-#include <functional>
-
+#import "panes/InspectorRows.h"
+#import "panes/PicturePreview.h"
+#import "panes/Swatches.h"
 #import "shell/GalleryControls.h"
 #import "shell/GalleryPage.h"
 #import "shell/GallerySettings.h"
 #import "shell/GalleryStyle.h"
 
-static const CGFloat kColumnWidth = 320;
+static const CGFloat kScrollerWidth = 20;
+static const CGFloat kScrollWidth = GalleryMargin + InspectorWidth + GalleryMargin + kScrollerWidth;
 
-// A row of colours, one of which is chosen by a click.
-@interface InspectorSwatches : NSView {
-  NSInteger _chosen;
-  std::function<void(NSInteger)> _changed;
-}
-- (id)initWithChanged:(std::function<void(NSInteger)>)changed;
+// The column has the keyboard when the page opens, so that no triangle shows a focus yet.
+@interface InspectorColumn : OvFlippedView
 @end
 
-static NSColor *swatchColor(NSInteger index) {
-  static const unsigned colors[] = {0x2F6FDE, 0x1F9D6B, 0xD97A1E, 0xC2364F, 0x7A4BC2, 0x4A5568};
-  return GalleryColor(colors[index]);
-}
+@implementation InspectorColumn
 
-static NSString *swatchName(NSInteger index) {
-  static NSString *const names[] = {@"Blue", @"Green", @"Orange", @"Red", @"Violet", @"Slate"};
-  return names[index];
-}
-
-static const NSInteger kSwatches = 6;
-
-@implementation InspectorSwatches
-
-- (id)initWithChanged:(std::function<void(NSInteger)>)changed {
-  self = [super initWithFrame:NSMakeRect(0, 0, kColumnWidth, 44)];
-  if (self) _changed = std::move(changed);
-  return self;
-}
-
-- (NSRect)rectOfSwatch:(NSInteger)index {
-  return NSMakeRect(35 + index * 34, 8, 26, 26);
-}
-
-- (void)drawRect:(NSRect)rect {
-  (void)rect;
-  for (NSInteger i = 0; i < kSwatches; ++i) {
-    [swatchColor(i) set];
-    [[NSBezierPath bezierPathWithOvalInRect:NSInsetRect([self rectOfSwatch:i], 3, 3)] fill];
-    if (i != _chosen) continue;
-    NSBezierPath *ring =
-        [NSBezierPath bezierPathWithOvalInRect:NSInsetRect([self rectOfSwatch:i], 1, 1)];
-    [ring setLineWidth:1.5];
-    [ring stroke];
-  }
-}
-
-- (void)mouseDown:(NSEvent *)event {
-  const NSPoint point = [self convertPoint:[event locationInWindow] fromView:nil];
-  for (NSInteger i = 0; i < kSwatches; ++i) {
-    if (!NSPointInRect(point, [self rectOfSwatch:i])) continue;
-    _chosen = i;
-    [self setNeedsDisplay:YES];
-    _changed(i);
-  }
+- (BOOL)acceptsFirstResponder {
+  return YES;
 }
 
 @end
 
-// One value of the inspector, with its name in front.
-static NSView *valueRow(NSString *name, NSString *value) {
-  GalleryBox *row = [GalleryBox boxWithFill:nil border:nil];
-  [row setFrame:NSMakeRect(0, 0, kColumnWidth, 26)];
-  NSTextField *label = GalleryLabel(name, GalleryFont(12), GalleryQuietTextColor());
-  [label setFrameOrigin:NSMakePoint(35, 4)];
-  NSTextField *text = GalleryLabel(value, GalleryFont(12), GalleryTextColor());
-  [text setFrameOrigin:NSMakePoint(130, 4)];
-  [row addSubview:label];
-  [row addSubview:text];
-  return row;
-}
+namespace {
 
-// The rows one below the other, with a little air at both ends.
-static NSView *stack(NSArray *rows) {
-  OvFlippedView *view = [[[OvFlippedView alloc] initWithFrame:NSZeroRect] autorelease];
-  CGFloat y = 6;
-  for (NSView *row in rows) {
-    [row setFrameOrigin:NSMakePoint(0, y)];
-    [view addSubview:row];
-    y += NSHeight([row frame]);
-  }
-  [view setFrameSize:NSMakeSize(kColumnWidth, y + 10)];
-  return view;
-}
+enum Section { kGeneral, kPicture, kLabel, kNotes, kSectionCount };
+
+NSString *const kTitles[kSectionCount] = {@"General", @"Picture", @"Label", @"Notes"};
+
+}  // namespace
 
 @interface InspectorPage : GalleryPage {
+  NSView *_board;
+  PicturePreview *_preview;
   NSScrollView *_scroll;
-  OvFlippedView *_column;
-  NSMutableArray *_sections;
-  NSColor *_color;
-  int _boxSize;
-  BOOL _locked;
-  BOOL _summaries;
+  InspectorColumn *_column;
+  OvCollapsingView *_sections[kSectionCount];
+  NSView *_contents[kSectionCount];
+  CGFloat _contentHeights[kSectionCount];
+  NSString *_summaries[kSectionCount];
+  BOOL _showsSummaries;
   BOOL _embossed;
+  BOOL _locked;
+  int _boxSize;
 }
-- (void)makeSections;
-- (void)restack;
 @end
 
 @implementation InspectorPage
@@ -127,107 +68,141 @@ static NSView *stack(NSArray *rows) {
 }
 
 + (NSString *)summary {
-  return @"Views that fold to their header. Click a header, or its triangle.";
+  return @"Views that fold to their header: click it or its triangle, or press Space or Return.";
 }
 
 - (void)dealloc {
-  for (OvCollapsingView *section in _sections) [section setDelegate:nil];
-  [_sections release];
-  [_color release];
-  [_scroll release];
+  [[NSNotificationCenter defaultCenter] removeObserver:self];
+  for (int i = 0; i < kSectionCount; ++i) {
+    [_sections[i] setDelegate:nil];
+    [_contents[i] release];
+  }
+  [_board release];
   [super dealloc];
 }
 
+#pragma mark The views
+
 - (NSView *)makeView {
-  _summaries = YES;
-  _color = [swatchColor(0) retain];
-  _sections = [[NSMutableArray alloc] init];
-  _scroll = [[GalleryScrollView alloc] initWithFrame:NSMakeRect(0, 0, 400, 300)];
-  _column = [[[OvFlippedView alloc] initWithFrame:NSMakeRect(0, 0, 400, 300)] autorelease];
+  _board = [[GalleryBox boxWithFill:GalleryPanelColor() border:nil] retain];
+  [_board setFrame:NSMakeRect(0, 0, 942, 498)];
+  const CGFloat left = 942 - kScrollWidth;
+  _preview = [[[PicturePreview alloc] initWithName:@"Evening walk.png"
+                                        labelColor:SwatchColor(0)] autorelease];
+  [_preview setFrame:NSMakeRect(0, 0, left - 1, 498)];
+  [_preview setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
+  GalleryBox *line = [GalleryBox boxWithFill:GalleryLineColor() border:nil];
+  [line setFrame:NSMakeRect(left - 1, 0, 1, 498)];
+  [line setAutoresizingMask:NSViewMinXMargin | NSViewHeightSizable];
+  _scroll = [[[GalleryScrollView alloc] initWithFrame:NSMakeRect(left, 0, kScrollWidth, 498)]
+      autorelease];
+  // Not white, on which embossed titles would not show.
+  [_scroll setBackgroundColor:GallerySidebarColor()];
+  [_scroll setAutoresizingMask:NSViewMinXMargin | NSViewHeightSizable];
+  _column = [[[InspectorColumn alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)] autorelease];
   [_scroll setDocumentView:_column];
-  [_scroll setHasHorizontalScroller:NO];
+  for (NSView *view in @[ _preview, line, _scroll ]) [_board addSubview:view];
+
+  _showsSummaries = YES;
+  [self makeContents];
   [self makeSections];
-  return _scroll;
+  [_scroll setPostsFrameChangedNotifications:YES];
+  [[NSNotificationCenter defaultCenter] addObserver:self
+                                           selector:@selector(restack)
+                                               name:NSViewFrameDidChangeNotification
+                                             object:_scroll];
+  return _board;
 }
 
-- (OvCollapsingView *)addSection:(NSString *)title
-                        headline:(NSString *)headline
-                         content:(NSView *)content {
-  const NSSize size = [content frame].size;
-  OvCollapsingView *section =
-      [[[OvCollapsingView alloc] initWithFrame:NSMakeRect(0, 0, kColumnWidth, 100)
-                                          size:_boxSize] autorelease];
-  [section setFrameSize:NSMakeSize(kColumnWidth, [section headerHeight] + size.height)];
-  [section setContentView:content];
-  [section setTitle:title];
-  [section setHeadline:_summaries ? headline : nil];
-  [section setHeaderEmboss:_embossed];
-  [section setLocked:_locked];
-  [section setDelegate:self];
-  [section setHeaderToolTip:@"Click to fold or unfold"];
-  [_column addSubview:section];
-  [_sections addObject:section];
-  return section;
-}
-
-- (void)makeSections {
-  for (OvCollapsingView *section in _sections) {
-    [section setDelegate:nil];
-    [section removeFromSuperview];
+- (void)makeContents {
+  Swatches *swatches = [[[Swatches alloc]
+      initWithFrame:NSMakeRect(InspectorIndent, 0, InspectorWidth - InspectorIndent, 34)
+            changed:[self](NSInteger index) { [self chooseLabel:index]; }] autorelease];
+  NSView *const contents[kSectionCount] = {
+      InspectorStack(@[
+        InspectorRow(@"Name", @"Evening walk.png"), InspectorRow(@"Kind", @"PNG picture"),
+        InspectorRow(@"Size", @"1,284,310 bytes"), InspectorRow(@"Changed", @"3 October, 18:42")
+      ]),
+      InspectorStack(@[
+        InspectorRow(@"Width", @"2400 pixels"), InspectorRow(@"Height", @"1600 pixels"),
+        InspectorRow(@"Depth", @"8 bits, RGB")
+      ]),
+      InspectorStack(@[ swatches ]), InspectorStack(@[ InspectorNotes() ])};
+  NSString *const summaries[kSectionCount] = {@"Evening walk.png", @"2400 x 1600", SwatchName(0),
+                                              @"1 note"};
+  for (int i = 0; i < kSectionCount; ++i) {
+    _contents[i] = [contents[i] retain];
+    _contentHeights[i] = NSHeight([contents[i] frame]);
+    _summaries[i] = summaries[i];
   }
-  [_sections removeAllObjects];
-  [self addSection:@"General"
-          headline:@"Evening walk.png"
-           content:stack(@[
-             valueRow(@"Name", @"Evening walk.png"), valueRow(@"Kind", @"PNG picture"),
-             valueRow(@"Size", @"1,284,310 bytes"), valueRow(@"Changed", @"3 October, 18:42")
-           ])];
-  [self addSection:@"Picture"
-          headline:@"2400 x 1600"
-           content:stack(@[
-             valueRow(@"Width", @"2400 pixels"), valueRow(@"Height", @"1600 pixels"),
-             valueRow(@"Depth", @"8 bits, RGB")
-           ])];
-  InspectorSwatches *swatches = [[[InspectorSwatches alloc] initWithChanged:[self](NSInteger i) {
-    [[_sections objectAtIndex:2] setHeadline:_summaries ? swatchName(i) : nil];
-    [self setMessage:[swatchName(i) stringByAppendingString:@" chosen."] warning:NO];
-  }] autorelease];
-  [self addSection:@"Label" headline:@"Blue" content:stack(@[ swatches ])];
-  NSTextView *notes =
-      [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, kColumnWidth - 47, 90)] autorelease];
-  [notes setString:@"Taken from the bridge. The light lasted for three minutes."];
-  [notes setFont:GalleryFont(12)];
-  [notes setTextColor:GalleryTextColor()];
-  GalleryBox *frame = [GalleryBox boxWithFill:GalleryPanelColor() border:GalleryLineColor()];
-  [frame setFrame:NSMakeRect(35, 0, kColumnWidth - 47, 90)];
-  [notes setFrame:NSInsetRect([frame bounds], 1, 1)];
-  [frame addSubview:notes];
-  OvFlippedView *inset =
-      [[[OvFlippedView alloc] initWithFrame:NSMakeRect(0, 0, kColumnWidth, 90)] autorelease];
-  [inset addSubview:frame];
-  [self addSection:@"Notes" headline:@"1 note" content:stack(@[ inset ])];
+}
+
+// The size of a header is for ever, so other sizes take new views. What they hold, and which are
+// folded, stays.
+- (void)makeSections {
+  for (int i = 0; i < kSectionCount; ++i) {
+    const BOOL folded = [_sections[i] isCollapsed];
+    [_sections[i] setDelegate:nil];
+    [_sections[i] setContentView:nil];
+    [_sections[i] removeFromSuperview];
+    _sections[i] = [[[OvCollapsingView alloc] initWithFrame:NSMakeRect(0, 0, InspectorWidth, 100)
+                                                       size:_boxSize] autorelease];
+    OvCollapsingView *section = _sections[i];
+    [section setFrameSize:NSMakeSize(InspectorWidth, [section headerHeight] + _contentHeights[i])];
+    [section setContentView:_contents[i]];
+    [section setTitle:kTitles[i]];
+    [section setHeaderToolTip:@"Click to fold or unfold"];
+    [section setHeaderEmboss:_embossed];
+    [section setLocked:_locked];
+    [section setCollapsed:folded];
+    [section setDelegate:self];
+    [_column addSubview:section];
+  }
+  [self showSummaries];
+  [self connectKeyViews];
   [self restack];
+}
+
+- (void)showSummaries {
+  for (int i = 0; i < kSectionCount; ++i) {
+    [_sections[i] setHeadline:_showsSummaries ? _summaries[i] : nil];
+    [_sections[i] refresh];
+  }
+}
+
+// Tab goes from triangle to triangle.
+- (void)connectKeyViews {
+  NSView *last = _column;
+  for (OvCollapsingView *section : _sections) {
+    [last setNextKeyView:[section discrosure]];
+    last = [section discrosure];
+  }
+  [last setNextKeyView:_column];
 }
 
 - (void)restack {
   CGFloat y = GallerySmallMargin;
-  for (OvCollapsingView *section in _sections) {
+  for (OvCollapsingView *section : _sections) {
     [section setFrameOrigin:NSMakePoint(GalleryMargin, y)];
     y = NSMaxY([section frame]) + GallerySmallMargin;
   }
-  const NSSize visible = [_scroll contentSize];
-  [_column setFrameSize:NSMakeSize(MAX(visible.width, kColumnWidth + 2 * GalleryMargin),
-                                   MAX(visible.height, y))];
+  [_column setFrameSize:NSMakeSize(InspectorWidth + 2 * GalleryMargin,
+                                   MAX(NSHeight([_scroll frame]), y))];
   [_column setNeedsDisplay:YES];
 }
 
-- (void)didShow {
-  [self restack];
+- (NSView *)keyView {
+  return _column;
 }
 
-- (NSView *)keyView {
-  return [[_sections objectAtIndex:0] discrosure];
+- (void)chooseLabel:(NSInteger)index {
+  _summaries[kLabel] = SwatchName(index);
+  [self showSummaries];
+  [_preview setLabelColor:SwatchColor(index)];
+  [self setMessage:[SwatchName(index) stringByAppendingString:@" chosen."] warning:NO];
 }
+
+#pragma mark Settings
 
 - (void)fillSettings:(GallerySettings *)settings {
   [settings addColumn:@"Headers"];
@@ -239,71 +214,84 @@ static NSView *stack(NSArray *rows) {
                [self makeSections];
                [self changed];
              }];
-  [settings addCheckBox:@"Summaries"
+  [settings addCheckBox:@"Summaries while folded"
                      on:YES
                 changed:[self](BOOL on) {
-                  _summaries = on;
-                  [self makeSections];
+                  _showsSummaries = on;
+                  [self showSummaries];
                   [self changed];
                 }];
   [settings addCheckBox:@"Embossed titles"
                      on:NO
                 changed:[self](BOOL on) {
                   _embossed = on;
-                  for (OvCollapsingView *section in _sections) [section setHeaderEmboss:on];
+                  for (OvCollapsingView *section : _sections) [section setHeaderEmboss:on];
                   [_column setNeedsDisplay:YES];
+                  [self changed];
                 }];
   [settings addColumn:@"Behaviour"];
   [settings addCheckBox:@"Locked"
                      on:NO
                 changed:[self](BOOL on) {
                   _locked = on;
-                  for (OvCollapsingView *section in _sections) [section setLocked:on];
+                  for (OvCollapsingView *section : _sections) [section setLocked:on];
                   [self changed];
                 }];
-  [settings addButton:@"Fold all" pressed:[self] { [self setAllCollapsed:YES]; }];
-  [settings addButton:@"Unfold all" pressed:[self] { [self setAllCollapsed:NO]; }];
+  [settings addButton:@"Fold all" pressed:[self] { [self foldAll:YES]; }];
+  [settings addButton:@"Unfold all" pressed:[self] { [self foldAll:NO]; }];
 }
 
-- (void)setAllCollapsed:(BOOL)collapsed {
-  for (OvCollapsingView *section in _sections) {
-    [section setCollapsed:collapsed];
+// The lock is the user's only: the program may fold all the same.
+- (void)foldAll:(BOOL)folded {
+  for (OvCollapsingView *section : _sections) {
+    [section setCollapsed:folded];
     [section refresh];
   }
+  [self setMessage:folded ? @"All are folded." : @"All are unfolded." warning:NO];
 }
 
 #pragma mark The folding views' delegate
 
 - (void)collapsingViewDidCollapse:(NSNotification *)notification {
-  [self sectionChanged:[notification object] how:@"folded"];
+  [self section:[notification object] became:@"folded"];
 }
 
 - (void)collapsingViewDidExpand:(NSNotification *)notification {
-  [self sectionChanged:[notification object] how:@"unfolded"];
+  [self section:[notification object] became:@"unfolded"];
 }
 
-- (void)sectionChanged:(OvCollapsingView *)section how:(NSString *)how {
+- (void)section:(OvCollapsingView *)section became:(NSString *)state {
   [self restack];
-  [self setMessage:[NSString stringWithFormat:@"%@ %@.", [section title], how] warning:NO];
+  [self setMessage:[NSString stringWithFormat:@"%@ %@.", [section title], state] warning:NO];
 }
+
+#pragma mark Status
 
 - (NSArray *)statusLines {
   NSMutableArray *lines = [NSMutableArray array];
-  for (OvCollapsingView *section in _sections) {
-    NSString *key = [@"section." stringByAppendingString:[[section title] lowercaseString]];
+  NSString *focus = [[_board window] firstResponder] == _column ? @"column" : @"";
+  for (OvCollapsingView *section : _sections) {
+    NSString *name = [[section title] lowercaseString];
+    NSView *triangle = [section discrosure];
     NSRect header = [section bounds];
     header.size.height = [section headerHeight];
-    [lines addObject:GalleryStatusLine(key, section, header, @"")];
-    [lines addObject:[NSString stringWithFormat:@"%@.collapsed=%d", key, [section isCollapsed]]];
-    [lines addObject:[NSString stringWithFormat:@"%@.height=%d", key,
-                                                static_cast<int>(NSHeight([section frame]))]];
+    [lines addObject:GalleryStatusLine([@"rect." stringByAppendingString:name], section,
+                                       [section bounds], @"")];
+    [lines addObject:GalleryStatusLine([NSString stringWithFormat:@"rect.%@.header", name], section,
+                                       header, @"")];
+    [lines addObject:GalleryStatusLine([NSString stringWithFormat:@"rect.%@.triangle", name],
+                                       triangle, [triangle bounds], @"")];
+    [lines addObject:[NSString stringWithFormat:@"folded.%@=%d", name, [section isCollapsed]]];
     [lines
-        addObject:[NSString stringWithFormat:@"%@.text=%@", key, [[section header] stringValue]]];
-    NSView *button = [section discrosure];
-    [lines addObject:GalleryStatusLine([key stringByAppendingString:@".button"], button,
-                                       [button bounds], @"")];
+        addObject:[NSString stringWithFormat:@"text.%@=%@", name, [[section header] stringValue]]];
+    if ([[_board window] firstResponder] == triangle) focus = name;
   }
-  [lines addObject:GalleryStatusLine(@"grid", _column, [_column visibleRect], @"")];
+  [lines addObject:[@"focus=" stringByAppendingString:focus]];
+  const NSRect visible = [_column visibleRect];
+  [lines addObject:[NSString stringWithFormat:@"columnheight=%d",
+                                              static_cast<int>(NSHeight([_column frame]))]];
+  [lines addObject:[NSString stringWithFormat:@"scrolled=%d", static_cast<int>(NSMinY(visible))]];
+  [lines addObject:GalleryStatusLine(@"grid", _column, visible, @"")];
   return lines;
 }
 

@@ -4,7 +4,7 @@
 
 #include "panes/Mailbox.h"
 #import "panes/PaneList.h"
-#import "shell/GalleryControls.h"
+#import "panes/PaneSplitView.h"
 #import "shell/GalleryPage.h"
 #import "shell/GallerySettings.h"
 #import "shell/GalleryStyle.h"
@@ -16,10 +16,8 @@ enum Pane { kFolders, kLetters, kMessage, kPaneCount };
 NSString *const kPaneNames[kPaneCount] = {@"Folders", @"Letters", @"Message"};
 NSString *const kLayoutNames[] = {@"Gallery reading", @"Gallery writing", @"Gallery overview"};
 
-// Points that a pane keeps while its divider is dragged.
-const CGFloat kLeastFolders = 120;
-const CGFloat kLeastLetters = 140;
-const CGFloat kLeastMessage = 200;
+// Points that a pane keeps while its divider is dragged: side by side, and stacked.
+const CGFloat kLeast[2][kPaneCount] = {{120, 140, 200}, {50, 70, 90}};
 
 }  // namespace
 
@@ -30,7 +28,10 @@ const CGFloat kLeastMessage = 200;
   PaneMessage *_letterView;
   NSView *_panes[kPaneCount];
   NSButton *_shown[kPaneCount];
+  NSButton *_locked;
   NSPopUpButton *_orientation;
+  NSButton *_restore;
+  NSButton *_forget;
   NSInteger _layout;
 }
 @end
@@ -65,7 +66,7 @@ const CGFloat kLeastMessage = 200;
 }
 
 - (NSView *)makeView {
-  _split = [[OvSplitView alloc] initWithFrame:NSMakeRect(0, 0, 942, 400)];
+  _split = [[PaneSplitView alloc] initWithFrame:NSMakeRect(0, 0, 942, 400)];
   [_split setVertical:YES];
   [_split setToolTip:@"Drag to resize, click twice to collapse"];
   _folders =
@@ -89,6 +90,7 @@ const CGFloat kLeastMessage = 200;
   [_split resizeSubviewsWithOldSize:[_split bounds].size];
   [_split setDelegate:self];
   [_split setLayoutAutosaveName:@"Gallery mail"];
+  [self setMessage:@"" warning:NO];  // of what has been restored
   [[NSNotificationCenter defaultCenter] addObserver:self
                                            selector:@selector(layoutChanged)
                                                name:NSSplitViewDidResizeSubviewsNotification
@@ -137,12 +139,12 @@ const CGFloat kLeastMessage = 200;
                  on:YES
             changed:[self, i](BOOL on) { [_split setSubview:_panes[i] isCollapsed:!on]; }];
   }
-  [settings addCheckBox:@"Lock the dividers"
-                     on:NO
-                changed:[self](BOOL on) {
-                  [_split setMouseLocked:on];
-                  [self changed];
-                }];
+  _locked = [settings addCheckBox:@"Lock the dividers"
+                               on:[_split mouseLocked]
+                          changed:[self](BOOL on) {
+                            [_split setMouseLocked:on];
+                            [self changed];
+                          }];
   _orientation = [settings addPopUp:@"Panes are"
                              titles:@[ @"side by side", @"stacked" ]
                            selected:0
@@ -155,25 +157,38 @@ const CGFloat kLeastMessage = 200;
   [settings addPopUp:@"Name"
               titles:@[ @"Reading", @"Writing", @"Overview" ]
             selected:0
-             changed:[self](NSInteger index) { _layout = index; }];
+             changed:[self](NSInteger index) {
+               _layout = index;
+               [self layoutChanged];
+             }];
   [settings addButton:@"Save"
               pressed:[self] {
                 [_split saveLayoutUsingName:kLayoutNames[_layout]];
+                [self showState];
                 [self setMessage:@"The layout is saved." warning:NO];
               }];
-  [settings addButton:@"Restore" pressed:[self] { [self restoreLayout]; }];
-  [settings addButton:@"Forget"
-              pressed:[self] {
-                [OvSplitView removeLayoutUsingName:kLayoutNames[_layout]];
-                [self setMessage:@"The layout is forgotten." warning:NO];
-              }];
+  _restore = [settings addButton:@"Restore" pressed:[self] { [self restoreLayout]; }];
+  _forget = [settings addButton:@"Forget"
+                        pressed:[self] {
+                          [OvSplitView removeLayoutUsingName:kLayoutNames[_layout]];
+                          [self showState];
+                          [self setMessage:@"The layout is forgotten." warning:NO];
+                        }];
   [self showState];
 }
 
+// Another gallery may have forgotten it in between.
 - (void)restoreLayout {
   const BOOL restored = [_split setLayoutUsingName:kLayoutNames[_layout]];
+  [_split setNeedsDisplay:YES];
+  [self showState];
   [self setMessage:restored ? @"The layout is restored." : @"No layout of this name is saved."
            warning:!restored];
+}
+
+- (BOOL)isLayoutSaved {
+  NSString *key = [@"OvSplitView layout " stringByAppendingString:kLayoutNames[_layout]];
+  return [[NSUserDefaults standardUserDefaults] objectForKey:key] != nil;
 }
 
 #pragma mark The split view
@@ -187,7 +202,10 @@ const CGFloat kLeastMessage = 200;
   for (int i : {kFolders, kMessage}) {
     [_shown[i] setState:[_split isSubviewCollapsed:_panes[i]] ? NSOffState : NSOnState];
   }
+  [_locked setState:[_split mouseLocked] ? NSOnState : NSOffState];
   [_orientation selectItemAtIndex:[_split isVertical] ? 0 : 1];
+  [_restore setEnabled:[self isLayoutSaved]];
+  [_forget setEnabled:[self isLayoutSaved]];
 }
 
 - (NSString *)nameOfPane:(NSView *)view {
@@ -207,6 +225,36 @@ const CGFloat kLeastMessage = 200;
   [self setMessage:[name stringByAppendingString:@" expanded."] warning:NO];
 }
 
+// The folders and the message keep their thickness, and the letters take the rest: what a pane
+// gains or loses by collapsing moves nothing beyond its neighbour. Without room for that, all
+// share.
+- (void)splitView:(NSSplitView *)split resizeSubviewsWithOldSize:(NSSize)oldSize {
+  (void)oldSize;
+  const BOOL vertical = [split isVertical];
+  const NSSize size = [split bounds].size;
+  CGFloat thickness[kPaneCount] = {};
+  CGFloat rest = (vertical ? size.width : size.height) - 2 * [split dividerThickness];
+  for (int i : {kFolders, kMessage}) {
+    if ([_split isSubviewCollapsed:_panes[i]]) continue;
+    const NSSize pane = [_panes[i] frame].size;
+    thickness[i] = vertical ? pane.width : pane.height;
+    rest -= thickness[i];
+  }
+  thickness[kLetters] = rest;
+  if (rest < kLeast[!vertical][kLetters]) {
+    [split adjustSubviews];
+    return;
+  }
+  CGFloat position = 0;
+  for (int i = 0; i < kPaneCount; ++i) {
+    if (thickness[i] > 0) {
+      [_panes[i] setFrame:vertical ? NSMakeRect(position, 0, thickness[i], size.height)
+                                   : NSMakeRect(0, position, size.width, thickness[i])];
+    }
+    position += thickness[i] + [split dividerThickness];
+  }
+}
+
 - (BOOL)splitView:(NSSplitView *)split canCollapseSubview:(NSView *)view {
   (void)split;
   return view != _letters;
@@ -215,14 +263,13 @@ const CGFloat kLeastMessage = 200;
 - (CGFloat)splitView:(NSSplitView *)split
     constrainMinCoordinate:(CGFloat)proposed
                ofSubviewAt:(NSInteger)divider {
-  (void)split;
-  return proposed + (divider == 0 ? kLeastFolders : kLeastLetters);
+  return proposed + kLeast[![split isVertical]][divider];
 }
 
 - (CGFloat)splitView:(NSSplitView *)split
     constrainMaxCoordinate:(CGFloat)proposed
                ofSubviewAt:(NSInteger)divider {
-  return proposed - [split dividerThickness] - (divider == 0 ? kLeastLetters : kLeastMessage);
+  return proposed - [split dividerThickness] - kLeast[![split isVertical]][divider + 1];
 }
 
 - (void)splitView:(NSSplitView *)split
@@ -253,17 +300,26 @@ const CGFloat kLeastMessage = 200;
 - (NSArray *)statusLines {
   NSMutableArray *lines = [NSMutableArray array];
   for (int i = 0; i < kPaneCount; ++i) {
-    NSString *key = [@"pane." stringByAppendingString:[kPaneNames[i] lowercaseString]];
+    NSString *name = [kPaneNames[i] lowercaseString];
     const BOOL collapsed = [_split isSubviewCollapsed:_panes[i]];
-    [lines addObject:[NSString stringWithFormat:@"%@.collapsed=%d", key, collapsed]];
-    if (!collapsed) [lines addObject:GalleryStatusLine(key, _panes[i], [_panes[i] bounds], @"")];
+    [lines addObject:[NSString stringWithFormat:@"collapsed.%@=%d", name, collapsed]];
+    if (collapsed) continue;
+    [lines addObject:GalleryStatusLine([@"rect." stringByAppendingString:name], _panes[i],
+                                       [_panes[i] bounds], @"")];
   }
   for (int i = 0; i + 1 < kPaneCount; ++i) {
-    NSString *key = [NSString stringWithFormat:@"divider.%d", i];
+    NSString *key = [NSString stringWithFormat:@"rect.divider%d", i];
     [lines addObject:GalleryStatusLine(key, _split, [self rectOfDivider:i], @"")];
   }
   [lines addObject:[NSString stringWithFormat:@"vertical=%d", [_split isVertical]]];
   [lines addObject:[NSString stringWithFormat:@"locked=%d", [_split mouseLocked]]];
+  [lines addObject:[NSString stringWithFormat:@"saved=%d", [self isLayoutSaved]]];
+  NSResponder *focus = [[_split window] firstResponder];
+  for (int i = 0; i < kPaneCount; ++i) {
+    if (_panes[i] == focus) {
+      [lines addObject:[@"focus=" stringByAppendingString:[kPaneNames[i] lowercaseString]]];
+    }
+  }
   [lines addObject:GalleryStatusLine(@"grid", _split, [_split bounds], @"")];
   return lines;
 }

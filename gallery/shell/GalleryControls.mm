@@ -30,7 +30,9 @@ static void strokeLine(NSPoint a, NSPoint b, NSPoint c, CGFloat width, NSColor *
 
 @implementation GalleryPopUpCell
 
+// Drawing also tells the cell its view: the sender of its action, none otherwise.
 - (void)drawWithFrame:(NSRect)frame inView:(NSView *)view {
+  [self setControlView:view];
   drawField(frame, 4, [self isHighlighted], [self isEnabled]);
   NSRect text = NSInsetRect(frame, 8, 0);
   text.size.width -= 14;

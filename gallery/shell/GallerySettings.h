@@ -14,6 +14,8 @@
 
 @interface GallerySettings : GalleryBox {
   NSMutableArray *_actions;
+  NSMutableArray *_controls;
+  NSMutableArray *_names;
   CGFloat _columnX;
   CGFloat _rowY;
   BOOL _hasColumn;
@@ -42,5 +44,9 @@
 
 // As wide as the column.
 - (NSButton *)addButton:(NSString *)title pressed:(std::function<void()>)pressed;
+
+// For the status file: where each control is, under its label or title, what it is set to, and
+// whether it can be used.
+- (NSArray *)statusLines;
 
 @end

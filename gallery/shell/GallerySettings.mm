@@ -1,6 +1,7 @@
 #import "shell/GallerySettings.h"
 
 #import "shell/GalleryControls.h"
+#import "shell/GalleryPage.h"
 
 static const CGFloat kLabelWidth = 76;
 static const CGFloat kControlWidth = 124;
@@ -38,12 +39,17 @@ static const CGFloat kRows = 5;
 
 - (id)initWithFrame:(NSRect)frame {
   self = [super initWithFrame:frame];
-  if (self) _actions = [[NSMutableArray alloc] init];
+  if (!self) return nil;
+  _actions = [[NSMutableArray alloc] init];
+  _controls = [[NSMutableArray alloc] init];
+  _names = [[NSMutableArray alloc] init];
   return self;
 }
 
 - (void)dealloc {
   [_actions release];
+  [_controls release];
+  [_names release];
   [super dealloc];
 }
 
@@ -56,10 +62,12 @@ static const CGFloat kRows = 5;
   _rowY = 20;
 }
 
-- (void)target:(NSControl *)control changed:(std::function<void(id)>)changed {
+- (void)target:(NSControl *)control name:(NSString *)name changed:(std::function<void(id)>)changed {
   GallerySettingAction *action =
       [[[GallerySettingAction alloc] initWithFunction:std::move(changed)] autorelease];
   [_actions addObject:action];
+  [_controls addObject:control];
+  [_names addObject:name];
   [control setTarget:action];
   [control setAction:@selector(perform:)];
   [control setFont:GalleryFont(11)];
@@ -89,6 +97,7 @@ static const CGFloat kRows = 5;
   [popUp selectItemAtIndex:index];
   [self
        target:popUp
+         name:label
       changed:[changed = std::move(changed)](id sender) { changed([sender indexOfSelectedItem]); }];
   return popUp;
 }
@@ -105,6 +114,7 @@ static const CGFloat kRows = 5;
   [slider setDoubleValue:value];
   [slider setContinuous:YES];
   [self target:slider
+          name:label
        changed:[changed = std::move(changed)](id sender) { changed(round([sender doubleValue])); }];
   return slider;
 }
@@ -118,6 +128,7 @@ static const CGFloat kRows = 5;
   [box setTitle:label];
   [box setState:on ? NSOnState : NSOffState];
   [self target:box
+          name:label
        changed:[changed = std::move(changed)](id sender) { changed([sender state] == NSOnState); }];
   return box;
 }
@@ -128,8 +139,31 @@ static const CGFloat kRows = 5;
   _rowY += kRowHeight;
   NSButton *button = [[[GalleryButton alloc] initWithFrame:frame] autorelease];
   [button setTitle:title];
-  [self target:button changed:[pressed = std::move(pressed)](id) { pressed(); }];
+  [self target:button name:title changed:[pressed = std::move(pressed)](id) { pressed(); }];
   return button;
+}
+
+static int settingOf(NSControl *control) {
+  if ([control isKindOfClass:[NSPopUpButton class]]) {
+    return static_cast<int>([static_cast<NSPopUpButton *>(control) indexOfSelectedItem]);
+  }
+  if ([control isKindOfClass:[NSButton class]]) {
+    return static_cast<int>([static_cast<NSButton *>(control) state]);
+  }
+  return [control intValue];
+}
+
+- (NSArray *)statusLines {
+  NSMutableArray *lines = [NSMutableArray array];
+  NSEnumerator *names = [_names objectEnumerator];
+  for (NSControl *control in _controls) {
+    NSString *name = [names nextObject];
+    [lines addObject:GalleryStatusLine([@"rect." stringByAppendingString:name], control,
+                                       [control bounds], @"")];
+    [lines addObject:[NSString stringWithFormat:@"setting.%@=%d", name, settingOf(control)]];
+    [lines addObject:[NSString stringWithFormat:@"enabled.%@=%d", name, [control isEnabled]]];
+  }
+  return lines;
 }
 
 @end

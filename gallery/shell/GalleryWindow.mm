@@ -189,6 +189,7 @@ static const CGFloat kProgressWidth = 160;
     [lines
         addObject:GalleryStatusLine(@"row", _list, [_list rectOfRow:row++], [[page class] name])];
   }
+  [lines addObjectsFromArray:[[_page settings] statusLines]];
   [lines addObjectsFromArray:[_page statusLines]];
   return lines;
 }

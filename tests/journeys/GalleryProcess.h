@@ -73,6 +73,19 @@ class GalleryJourney : public LiveTest {
   // has just come up may do no more than bring it to the front.
   bool clickUntil(const std::string &rectName, const std::string &what,
                   const std::function<bool(const GalleryState &)> &is);
+  // The same with patience, for what a second click would undo.
+  bool pressUntil(const std::string &rectName, const std::string &what,
+                  const std::function<bool(const GalleryState &)> &is, int clicks = 1);
+  // Types the key, with the same patience.
+  bool typeUntil(const char *key, const std::string &what,
+                 const std::function<bool(const GalleryState &)> &is);
+  // Opens a pop-up button and takes the item so many below the one that is chosen.
+  bool choose(const std::string &popUp, int itemsBelow, const std::string &what,
+              const std::function<bool(const GalleryState &)> &is);
+  // With the menu's key, to the end of the program.
+  void quit();
+  // As if the gallery had never been used.
+  void forgetDefaults();
   // Puts the text on the general pasteboard and presses the keys for Select All and Paste, again
   // if the state is not as described: every program of the machine shares that pasteboard.
   bool pasteOverAll(NSString *text, const std::string &what,

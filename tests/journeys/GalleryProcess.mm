@@ -18,6 +18,10 @@ namespace fs = std::filesystem;
 static constexpr double kLimit = 20;
 static constexpr double kNudgeInterval = 0.4;
 static constexpr double kPress = 0.08;
+// How long a click or key may take to have its effect.
+static constexpr double kPatience = 5;
+// Of an item in a pop-up's menu, in pixels.
+static constexpr int kItemHeight = 20;
 
 std::string GalleryState::value(const std::string &key) const {
   const auto found = values.find(key);
@@ -72,7 +76,7 @@ void GalleryJourney::SetUp() {
 
 void GalleryJourney::TearDown() {
   if (task_) {
-    [task_ terminate];
+    sendSignal(SIGTERM);  // -terminate would make the platform call it ended at once
     EXPECT_EQ(waitForExit(), 0) << "when told to end";
   }
   LiveTest::TearDown();
@@ -126,7 +130,7 @@ void GalleryJourney::launch(const std::vector<std::string> &arguments) {
 }
 
 void GalleryJourney::start(const std::vector<std::string> &more) {
-  fs::remove(statusFile());  // of the same test, when it is repeated
+  fs::remove(statusFile());  // of a gallery before this one
   std::vector<std::string> arguments = {"-statusfile", statusFile().string(), folder_.string()};
   arguments.insert(arguments.end(), more.begin(), more.end());
   launch(arguments);
@@ -241,6 +245,70 @@ bool GalleryJourney::clickUntil(const std::string &rectName, const std::string &
     nudgePointer();
   }
   return waitFor(what, is);
+}
+
+// Acts, and again if nothing comes of it, as a person would.
+static bool actUntil(const std::function<void()> &act, const std::function<bool()> &is,
+                     const std::function<void()> &nudge) {
+  for (int i = 0; i < 4; ++i) {
+    act();
+    for (double waited = 0; waited < kPatience; waited += kNudgeInterval) {
+      if (pumpUntil(is, kNudgeInterval)) return true;
+      nudge();
+    }
+  }
+  return false;
+}
+
+bool GalleryJourney::pressUntil(const std::string &rectName, const std::string &what,
+                                const std::function<bool(const GalleryState &)> &is, int clicks) {
+  actUntil(
+      [&] {
+        const ScreenRect rect = state().rect(rectName);
+        if (clicks == 1) {
+          pressAt(rect.midX(), rect.midY());
+        } else {
+          clickAt(rect.midX(), rect.midY(), {}, clicks);
+        }
+      },
+      [&] { return is(state()); }, [&] { nudgePointer(); });
+  return waitFor(what, is);
+}
+
+bool GalleryJourney::typeUntil(const char *key, const std::string &what,
+                               const std::function<bool(const GalleryState &)> &is) {
+  actUntil([&] { typeKeys({key}); }, [&] { return is(state()); }, [&] { nudgePointer(); });
+  return waitFor(what, is);
+}
+
+bool GalleryJourney::choose(const std::string &popUp, int itemsBelow, const std::string &what,
+                            const std::function<bool(const GalleryState &)> &is) {
+  const auto rest = [] { pumpUntil([] { return false; }, 4 * kPress); };
+  actUntil(
+      [&] {
+        const ScreenRect rect = state().rect(popUp);
+        const int y = rect.midY() + itemsBelow * kItemHeight;
+        xtest::movePointer(rect.midX(), rect.midY());
+        xtest::pressButton();
+        rest();
+        glide(rect.midX(), rect.midY(), rect.midX() + 2, y);
+        rest();
+        nudgePointer();
+        rest();
+        xtest::releaseButton();
+      },
+      [&] { return is(state()); }, [&] { nudgePointer(); });
+  return waitFor(what, is);
+}
+
+void GalleryJourney::quit() {
+  actUntil([&] { typeKeys({"q"}, {"Super_L"}); }, [&] { return ![task_ isRunning]; },
+           [&] { nudgePointer(); });
+  EXPECT_EQ(waitForExit(), 0);
+}
+
+void GalleryJourney::forgetDefaults() {
+  fs::remove(fs::path(privateFolder()) / "Defaults" / "Gallery.plist");
 }
 
 bool GalleryJourney::pasteOverAll(NSString *text, const std::string &what,
