@@ -14,6 +14,17 @@ enum class Drop { unknown, refused, performed } lastDrop = Drop::unknown;
 id performer = nil;
 IMP ownPerform = nullptr;
 
+// Gives a class a method of its own and answers the implementation it had. The run time would
+// not tell subclasses that are in use already of a change to an inherited method.
+IMP replaceMethod(Class cls, SEL selector, IMP implementation) {
+  Method method = class_getInstanceMethod(cls, selector);
+  const IMP old = method_getImplementation(method);
+  if (!class_addMethod(cls, selector, implementation, method_getTypeEncoding(method))) {
+    method_setImplementation(method, implementation);
+  }
+  return old;
+}
+
 BOOL performDrop(id self, SEL selector, id<NSDraggingInfo> info) {
   const BOOL answer =
       ov::asFunction<BOOL(id, SEL, id<NSDraggingInfo>)>(ownPerform)(self, selector, info);
@@ -46,17 +57,18 @@ void overhear(id self, SEL selector, GSAppKitSubtype subtype, NSDragOperation ac
   }
   const SEL perform = @selector(performDragOperation:);
   performer = [findPerformer(window, perform) retain];
-  Method method = class_getInstanceMethod(object_getClass(performer), perform);
-  if (method == nullptr) {
+  const Class cls = object_getClass(performer);
+  const bool heard = class_getInstanceMethod(cls, perform) != nullptr;
+  if (!heard) {
     // One that forwards the message cannot be overheard; it is believed.
     if ([performer respondsToSelector:perform]) lastDrop = Drop::unknown;
   } else {
-    ownPerform = method_setImplementation(method, ov::asMethod(performDrop));
+    ownPerform = replaceMethod(cls, perform, ov::asMethod(performDrop));
   }
   @try {
     sendLocalEvent(self, selector, subtype, action, point, time, window);
   } @finally {
-    if (method != nullptr) method_setImplementation(method, ownPerform);
+    if (heard) replaceMethod(cls, perform, ownPerform);
     ownPerform = nullptr;
     [performer release];
     performer = nil;
@@ -64,11 +76,11 @@ void overhear(id self, SEL selector, GSAppKitSubtype subtype, NSDragOperation ac
 }
 
 bool watch() {
-  Method method = class_getInstanceMethod(
-      [GSDragView class], @selector(_sendLocalEvent:action:position:timestamp:toWindow:));
-  if (method == nullptr) return false;
-  sendLocalEvent =
-      ov::asFunction<SendLocalEvent>(method_setImplementation(method, ov::asMethod(overhear)));
+  id view = [GSCurrentServer() dragInfo];
+  const SEL selector = @selector(_sendLocalEvent:action:position:timestamp:toWindow:);
+  if (![view isKindOfClass:[GSDragView class]] || ![view respondsToSelector:selector]) return false;
+  sendLocalEvent = ov::asFunction<SendLocalEvent>(
+      replaceMethod(object_getClass(view), selector, ov::asMethod(overhear)));
   return true;
 }
 

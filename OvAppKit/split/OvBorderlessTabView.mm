@@ -15,19 +15,20 @@
   (void)rect;
 }
 
-// The row of tabs. Where it meets the items' views the platform draws a line, which belongs
-// to the border.
+// The row of tabs. The border reaches into it: by the line that the tabs stand on at the top, by
+// its shadow at the bottom.
 - (NSRect)_ovRectOfTabs {
   static const CGFloat kLine = 1;
+  static const CGFloat kShadow = 2;
   const NSTabViewType type = [self tabViewType];
   const NSRect bounds = [self bounds];
   const NSRect items = [[GSTheme theme] tabViewBackgroundRectForBounds:bounds tabViewType:type];
   NSRect tabs = bounds;
-  if ((type == NSTopTabsBezelBorder) == [self isFlipped]) {
+  if (type == NSTopTabsBezelBorder) {
     tabs.size.height = NSMinY(items) - NSMinY(bounds) - kLine;
   } else {
-    tabs.origin.y = NSMaxY(items) + kLine;
-    tabs.size.height = NSMaxY(bounds) - NSMaxY(items) - kLine;
+    tabs.origin.y = NSMaxY(items) + kShadow;
+    tabs.size.height = NSMaxY(bounds) - NSMinY(tabs);
   }
   return tabs;
 }

@@ -399,6 +399,8 @@ TEST_F(BorderlessTabs, DrawsTabsAndNoBorder) {
     const NSRect half = NSMakeRect(10, type == NSTopTabsBezelBorder ? 80 : 10, 200, 70);
     EXPECT_EQ(without.count(half, kBlue), 200 * 70);
     EXPECT_LT(with.count(half, kBlue), 200 * 70);
+    // Beside the last tab: no line of the border is left.
+    EXPECT_EQ(without.count(NSMakeRect(160, 10, 50, 140), kBlue), 50 * 140);
     // The tabs: they are drawn as everywhere.
     const NSRect tabs = NSMakeRect(14, type == NSTopTabsBezelBorder ? 13 : 134, 60, 10);
     EXPECT_LT(without.count(tabs, kBlue), 500);
