@@ -29,7 +29,11 @@ bool isMember(NSCharacterSet *set, ov::Character character) {
 }
 
 - (NSString *)stringByDeletingAllOccurrencesOfCharactersInSet:(NSCharacterSet *)set {
-  if (![self containsCharacterInSet:set]) return [[self copy] autorelease];
+  if (![self containsCharacterInSet:set]) {
+    NSString *copy = [[self copy] autorelease];
+    // Of a string that is not the platform's own, the copy may lack what no string is made with.
+    if ([copy length] == [self length]) return copy;
+  }
   const StringUnits units(self);
   std::vector<unichar> kept;
   kept.reserve(units.length());

@@ -14,7 +14,8 @@ class StringUnits {
   size_t length() const { return length_; }
 
   char16_t operator[](size_t index) const {
-    if (index < start_ || index >= start_ + count_) load(index);
+    // Before the block as well: the difference is unsigned.
+    if (index - start_ >= count_) load(index);
     return block_[index - start_];
   }
 
@@ -31,5 +32,5 @@ class StringUnits {
 };
 
 // A string of any units. The platform makes none, or answers nil for a part of one, when
-// half a character stands alone among them.
+// half a character stands alone among them, and loses a byte order mark at the start.
 NSString *StringWithUnits(const std::vector<unichar> &units);

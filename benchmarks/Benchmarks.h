@@ -5,5 +5,7 @@
 namespace bench {
 
 void grid();
+void split();
+void text();
 
 }  // namespace bench

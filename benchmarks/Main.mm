@@ -19,6 +19,8 @@ int main() {
     [NSApplication sharedApplication];
     [NSApp finishLaunching];
     bench::grid();
+    bench::split();
+    bench::text();
     std::printf("\n%d limits exceeded\n", bench::exceeded());
     std::fflush(stdout);
   }

@@ -71,7 +71,7 @@ void ratio(const std::string& what, double value, double limit, const std::strin
 void bounded(const std::string& what, double microseconds, double limit) {
   const bool good = microseconds <= limit;
   if (!good) ++exceededLimits;
-  std::printf("  %-58s %12.3f us  %s limit %.0f us\n", what.c_str(), microseconds,
+  std::printf("  %-58s %12.3f us  %s limit %g us\n", what.c_str(), microseconds,
               good ? "ok  " : "OVER", limit);
 }
 

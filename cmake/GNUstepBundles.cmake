@@ -36,7 +36,8 @@ function(ov_add_framework NAME)
     COMMENT "Describing ${NAME}.framework" VERBATIM)
   add_custom_target(${NAME}Description DEPENDS ${generated}/described)
 
-  add_library(${NAME} SHARED ${sources} ${generated}/NSFramework_${NAME}.mm)
+  # Among the sources, so that resources that are made by the build are made before.
+  add_library(${NAME} SHARED ${sources} ${generated}/NSFramework_${NAME}.mm ${ARG_RESOURCES})
   add_dependencies(${NAME} ${NAME}Description)
   set_target_properties(${NAME} PROPERTIES
     VERSION 0.0.1 SOVERSION 0

@@ -13,6 +13,13 @@
 @interface GalleryCheckBox : NSButton
 @end
 
+@interface GalleryButtonCell : NSButtonCell
+@end
+
+// A push button with its title.
+@interface GalleryButton : NSButton
+@end
+
 @interface GallerySliderCell : NSSliderCell
 @end
 

@@ -88,6 +88,31 @@ static void strokeLine(NSPoint a, NSPoint b, NSPoint c, CGFloat width, NSColor *
 
 @end
 
+@implementation GalleryButtonCell
+
+- (void)drawWithFrame:(NSRect)frame inView:(NSView *)view {
+  (void)view;
+  drawField(frame, 4, [self isHighlighted], [self isEnabled]);
+  GalleryDrawText([self title], frame, [self font], textColor(self), NSCenterTextAlignment);
+  if (![self showsFirstResponder]) return;
+  [GalleryAccentColor() set];
+  [GalleryRoundedPath(NSInsetRect(frame, 1, 1), 4) stroke];
+}
+
+@end
+
+@implementation GalleryButton
+
++ (Class)cellClass {
+  return [GalleryButtonCell class];
+}
+
+- (BOOL)isOpaque {
+  return NO;
+}
+
+@end
+
 @implementation GallerySliderCell
 
 static const CGFloat kKnobSize = 14;

@@ -40,4 +40,7 @@
                        on:(BOOL)on
                   changed:(std::function<void(BOOL on)>)changed;
 
+// As wide as the column.
+- (NSButton *)addButton:(NSString *)title pressed:(std::function<void()>)pressed;
+
 @end

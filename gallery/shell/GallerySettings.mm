@@ -122,4 +122,14 @@ static const CGFloat kRows = 5;
   return box;
 }
 
+- (NSButton *)addButton:(NSString *)title pressed:(std::function<void()>)pressed {
+  const NSRect frame =
+      NSMakeRect(_columnX + 2, _rowY + 2, kLabelWidth + kControlWidth + 6, kRowHeight - 4);
+  _rowY += kRowHeight;
+  NSButton *button = [[[GalleryButton alloc] initWithFrame:frame] autorelease];
+  [button setTitle:title];
+  [self target:button changed:[pressed = std::move(pressed)](id) { pressed(); }];
+  return button;
+}
+
 @end

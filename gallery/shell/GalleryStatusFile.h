@@ -8,6 +8,7 @@
 @interface GalleryStatusFile : NSObject {
   GalleryWindow *_window;
   NSString *_path;
+  NSString *_written;
 }
 // Neither is nil. The window is retained.
 - (id)initWithPath:(NSString *)path window:(GalleryWindow *)window;

@@ -15,7 +15,9 @@
          GalleryPageDidChangeNotification, NSWindowDidMoveNotification,
          NSWindowDidResizeNotification, NSWindowDidBecomeKeyNotification,
          NSWindowDidResignKeyNotification, NSApplicationDidBecomeActiveNotification,
-         NSApplicationDidResignActiveNotification
+         NSApplicationDidResignActiveNotification,
+         // After every event, which may have moved the keyboard from one control to another.
+         NSWindowDidUpdateNotification
        ]) {
     [center addObserver:self selector:@selector(somethingChanged:) name:name object:nil];
   }
@@ -27,6 +29,7 @@
   [[NSNotificationCenter defaultCenter] removeObserver:self];
   [NSObject cancelPreviousPerformRequestsWithTarget:self];
   [_path release];
+  [_written release];
   [_window release];
   [super dealloc];
 }
@@ -48,6 +51,9 @@
   for (NSString *line in [_window statusLines]) {
     [text appendFormat:@"%@\n", [line stringByReplacingOccurrencesOfString:@"\n" withString:@" "]];
   }
+  if ([text isEqual:_written]) return;
+  [_written release];
+  _written = [text copy];
   // Atomically: a reader sees the old file or the new one.
   if (![text writeToFile:_path atomically:YES encoding:NSUTF8StringEncoding error:NULL]) {
     NSLog(@"The status file %@ cannot be written.", _path);

@@ -100,14 +100,15 @@ static const CGFloat kProgressWidth = 160;
 
   const CGFloat x = kSidebarWidth + GalleryLargeMargin;
   const CGFloat width = MAX(0, size.width - x - GalleryLargeMargin);
-  [_title setFrame:NSMakeRect(x - 2, GalleryLargeMargin - 4, width, 26)];
-  [_summary setFrame:NSMakeRect(x - 2, 43, width, 18)];
+  [_title setFrame:NSMakeRect(x, GalleryLargeMargin - 4, width, 26)];
+  [_summary setFrame:NSMakeRect(x, 43, width, 18)];
 
-  const CGFloat settingsHeight = _page ? [GallerySettings height] : 0;
+  const BOOL hasSettings = [[[_page settings] subviews] count] > 0;
+  const CGFloat settingsHeight = hasSettings ? [GallerySettings height] : 0;
   const CGFloat settingsY = size.height - GalleryLargeMargin - settingsHeight;
   [[_page settings] setFrame:NSMakeRect(x, settingsY, width, settingsHeight)];
-  const CGFloat messageY = settingsY - GalleryMargin - 18;
-  [_message setFrame:NSMakeRect(x - 2, messageY, MAX(0, width - kProgressWidth), 18)];
+  const CGFloat messageY = settingsY - (hasSettings ? GalleryMargin : 0) - 18;
+  [_message setFrame:NSMakeRect(x, messageY, MAX(0, width - kProgressWidth), 18)];
   [_progress setFrame:NSMakeRect(x + width - kProgressWidth, messageY + 6, kProgressWidth, 6)];
   [_frame setFrame:NSMakeRect(x, 72, width, MAX(2, messageY - GallerySmallMargin - 72))];
   [[_page view] setFrame:NSInsetRect([_frame bounds], 1, 1)];
@@ -181,6 +182,7 @@ static const CGFloat kProgressWidth = 160;
   [lines addObject:[NSString stringWithFormat:@"warning=%d", [_page messageIsWarning]]];
   [lines
       addObject:[NSString stringWithFormat:@"key=%d", [_window isKeyWindow] && [NSApp isActive]]];
+  [lines addObject:[NSString stringWithFormat:@"settled=%d", [_page isSettled]]];
   [lines addObject:GalleryStatusLine(@"window", _root, [_root bounds], @"")];
   NSInteger row = 0;
   for (GalleryPage *page in _pages) {

@@ -91,6 +91,10 @@ INSTANTIATE_TEST_SUITE_P(
                  u"a" + high + low},
         Deletion{"LoneHalvesApartStay", high + u"ab" + low + u"x", [] { return only(@"b"); },
                  high + u"a" + low + u"x"},
+        Deletion{"OrderMarkAtTheStart", u"\uFEFFab", [] { return only(@"a"); }, u"\uFEFFb"},
+        Deletion{"SwappedOrderMarkAtTheStart", u"\uFFFEab", [] { return only(@"a"); }, u"\uFFFEb"},
+        Deletion{"OrderMarkComesToTheStart", u"a\uFEFF\uFEFF" + high, [] { return only(@"a"); },
+                 u"\uFEFF\uFEFF" + high},
         Deletion{"HalvesInReverse", low + high + u"a", [] { return only(@"a"); }, low + high}),
     [](const auto &info) { return info.param.name; });
 
@@ -112,7 +116,7 @@ TEST_F(Strings, DeletionEqualsTheSlowDefinition) {
   const unsigned seed = testSeed();
   SCOPED_TRACE(testing::Message() << "OV_TEST_SEED=" << seed);
   std::mt19937 random(seed);
-  const std::u16string alphabet = u"ab\u0301\u00E9\xD83D\xDE00\xDE01\xFFFD";
+  const std::u16string alphabet = u"ab\u0301\u00E9\xD83D\xDE00\xDE01\xFFFD\xFEFF\xFFFE";
   NSMutableCharacterSet *set = [[only(@"a\u0301") mutableCopy] autorelease];
   [set addCharactersInRange:NSMakeRange(0x1F600, 1)];
   for (int round = 0; round < 3000; ++round) {

@@ -30,12 +30,15 @@ struct GalleryState {
   std::map<std::string, std::string> values;
   std::map<std::string, ScreenRect> items;  // the visible ones
   std::map<std::string, ScreenRect> rows;   // of the page list
+  std::map<std::string, ScreenRect> rects;  // of the page's controls
   ScreenRect grid;                          // its visible part
   ScreenRect window;                        // its content
   std::vector<std::string> selected;
 
   std::string value(const std::string &key) const;
   int number(const std::string &key) const;
+  // Of a control; empty if there is none.
+  ScreenRect rect(const std::string &name) const;
 };
 
 class GalleryJourney : public LiveTest {
@@ -60,6 +63,20 @@ class GalleryJourney : public LiveTest {
   GalleryState state() const;
   // Waits until the state is as described; the test fails if that does not come about.
   bool waitFor(const std::string &what, const std::function<bool(const GalleryState &)> &is);
+  // Types a character at a time, and each again that the platform loses: after each, the value
+  // of the key is one character longer, or the keyboard has left the place that "focus" told.
+  bool typeText(const std::string &text, const std::string &valueKey);
+  // A click as long as a finger's: a text view waits for ever for a release that comes with the
+  // press.
+  void pressAt(int x, int y);
+  // Clicks so, again and again, until the state is as described: the first click in a window that
+  // has just come up may do no more than bring it to the front.
+  bool clickUntil(const std::string &rectName, const std::string &what,
+                  const std::function<bool(const GalleryState &)> &is);
+  // Puts the text on the general pasteboard and presses the keys for Select All and Paste, again
+  // if the state is not as described: every program of the machine shares that pasteboard.
+  bool pasteOverAll(NSString *text, const std::string &what,
+                    const std::function<bool(const GalleryState &)> &is);
   bool waitForSelection(const std::vector<std::string> &names);
 
   // With modifier keys by their X11 names held down.

@@ -3,6 +3,7 @@
 #include <signal.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -16,6 +17,7 @@ namespace fs = std::filesystem;
 
 static constexpr double kLimit = 20;
 static constexpr double kNudgeInterval = 0.4;
+static constexpr double kPress = 0.08;
 
 std::string GalleryState::value(const std::string &key) const {
   const auto found = values.find(key);
@@ -23,6 +25,11 @@ std::string GalleryState::value(const std::string &key) const {
 }
 
 int GalleryState::number(const std::string &key) const { return std::atoi(value(key).c_str()); }
+
+ScreenRect GalleryState::rect(const std::string &name) const {
+  const auto found = rects.find(name);
+  return found == rects.end() ? ScreenRect() : found->second;
+}
 
 static ScreenRect parseRect(std::istream &in, std::string *name) {
   ScreenRect rect;
@@ -41,6 +48,8 @@ static void parseLine(GalleryState &state, const std::string &line) {
   if (key == "item" || key == "row") {
     const ScreenRect rect = parseRect(in, &name);
     (key == "item" ? state.items : state.rows)[name] = rect;
+  } else if (key.starts_with("rect.")) {
+    state.rects[key.substr(5)] = parseRect(in, nullptr);
   } else if (key == "grid") {
     state.grid = parseRect(in, nullptr);
   } else if (key == "window") {
@@ -117,12 +126,13 @@ void GalleryJourney::launch(const std::vector<std::string> &arguments) {
 }
 
 void GalleryJourney::start(const std::vector<std::string> &more) {
+  fs::remove(statusFile());  // of the same test, when it is repeated
   std::vector<std::string> arguments = {"-statusfile", statusFile().string(), folder_.string()};
   arguments.insert(arguments.end(), more.begin(), more.end());
   launch(arguments);
   waitFor("the window is there, with the keyboard, and everything is loaded",
           [](const GalleryState &s) {
-            return s.value("key") == "1" && s.grid.width > 0 && s.number("loading") == 0;
+            return s.value("key") == "1" && s.window.width > 0 && s.value("settled") == "1";
           });
   if (!state().items.empty()) bringToFront();
 }
@@ -190,6 +200,61 @@ bool GalleryJourney::waitFor(const std::string &what,
   text << in.rdbuf();
   ADD_FAILURE() << "not seen: " << what << "\n" << text.str();
   return false;
+}
+
+bool GalleryJourney::typeText(const std::string &text, const std::string &valueKey) {
+  for (const char character : text) {
+    const GalleryState before = state();
+    const std::string wanted = before.value(valueKey) + character;
+    const char name[] = {character, 0};
+    const char *key = character == ' ' ? "space" : name;
+    const std::vector<const char *> modifiers = std::isupper(character)
+                                                    ? std::vector<const char *>{"Shift_L"}
+                                                    : std::vector<const char *>{};
+    const auto typed = [&](const GalleryState &s) {
+      return s.value(valueKey) == wanted || s.value("focus") != before.value("focus");
+    };
+    typeKeys({key}, modifiers);
+    if (!pumpUntil([&] { return typed(state()); }, 2)) {
+      nudgePointer();
+      if (!pumpUntil([&] { return typed(state()); }, 1)) typeKeys({key}, modifiers);
+    }
+    if (!waitFor("\"" + wanted + "\" in " + valueKey, typed)) return false;
+  }
+  return true;
+}
+
+void GalleryJourney::pressAt(int x, int y) {
+  xtest::movePointer(x, y);
+  xtest::pressButton();
+  pumpUntil([] { return false; }, kPress);
+  xtest::releaseButton();
+  pumpUntil([] { return false; }, kPress);
+}
+
+bool GalleryJourney::clickUntil(const std::string &rectName, const std::string &what,
+                                const std::function<bool(const GalleryState &)> &is) {
+  for (int i = 0; i < 20; ++i) {
+    const ScreenRect rect = state().rect(rectName);
+    pressAt(rect.midX(), rect.midY());
+    if (pumpUntil([&] { return is(state()); }, 2 * kNudgeInterval)) return true;
+    nudgePointer();
+  }
+  return waitFor(what, is);
+}
+
+bool GalleryJourney::pasteOverAll(NSString *text, const std::string &what,
+                                  const std::function<bool(const GalleryState &)> &is) {
+  for (int i = 0; i < 4; ++i) {
+    NSPasteboard *board = [NSPasteboard generalPasteboard];
+    [board declareTypes:@[ NSStringPboardType ] owner:nil];
+    [board setString:text forType:NSStringPboardType];
+    typeKeys({"a"}, {"Super_L"});
+    typeKeys({"v"}, {"Super_L"});
+    if (pumpUntil([&] { return is(state()); }, 2)) return true;
+    nudgePointer();
+  }
+  return waitFor(what, is);
 }
 
 bool GalleryJourney::waitForSelection(const std::vector<std::string> &names) {

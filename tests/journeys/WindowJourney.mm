@@ -79,7 +79,7 @@ TEST_F(WindowJourney, SnapshotsOfEveryPageAreWritten) {
   std::ofstream(folder() / "broken.png") << "This is not a picture.";
   const std::filesystem::path pictures = root() / "snapshots";
   ASSERT_EQ(run({"-snapshot", pictures.string(), folder().string()}), 0);
-  for (const char *page : {"pictures.png", "million.png"}) {
+  for (const char *page : {"pictures.png", "million.png", "form.png", "lines.png", "windows.png"}) {
     NSString *path = [NSString stringWithUTF8String:(pictures / page).c_str()];
     NSBitmapImageRep *rep = [NSBitmapImageRep imageRepWithContentsOfFile:path];
     ASSERT_NE(rep, nil) << page;

@@ -142,6 +142,7 @@ case_domain() {  # case_domain DOMAIN: configured for it, with the libraries bui
     cp -P "$OV_BUILD/Frameworks/$name.framework/Versions/A/lib$name.so"* \
       "$work/build/Frameworks/$name.framework/Versions/A/"
   done
+  cp "$OV_BUILD/OvAppKit/artwork/"* "$work/build/OvAppKit/artwork/"
   DESTDIR=$stage "$OV_CMAKE" --install "$work/build"
   library=$stage$(gnustep-config --variable="GNUSTEP_$1_LIBRARY")
   libraries=$stage$(gnustep-config --variable="GNUSTEP_$1_LIBRARIES")

@@ -1,0 +1,53 @@
+#import <OvAppKit/NSBitmapImageRep+OvAppKit.h>
+#import <OvAppKit/NSBundle+OvAppKit.h>
+
+#include "platform/ImageFileGuard.h"
+
+namespace {
+
+NSBitmapImageRep *bitmapAtPath(NSString *path) {
+  if (path == nil) return nil;
+  return [[[NSBitmapImageRep alloc] initWithContentsOfFile:path] autorelease];
+}
+
+}  // namespace
+
+@implementation NSBundle (NSBitmapImageRep_HXAppKitExtensions)
+
+- (NSBitmapImageRep *)bitmapImageRepForResourceNamed:(NSString *)name ofType:(NSString *)type {
+  if ([name length] == 0) return nil;
+  return bitmapAtPath([self pathForResource:name ofType:type]);
+}
+
+- (NSBitmapImageRep *)bitmapImageRepForResourceNamed:(NSString *)name
+                                              ofType:(NSString *)type
+                                         inDirectory:(NSString *)directory {
+  if ([name length] == 0) return nil;
+  return bitmapAtPath([self pathForResource:name ofType:type inDirectory:directory]);
+}
+
+- (NSBitmapImageRep *)bitmapImageRepForResourceNamed:(NSString *)name
+                                              ofType:(NSString *)type
+                                         inDirectory:(NSString *)directory
+                                     forLocalization:(NSString *)localization {
+  if ([name length] == 0) return nil;
+  return bitmapAtPath([self pathForResource:name
+                                     ofType:type
+                                inDirectory:directory
+                            forLocalization:localization]);
+}
+
+@end
+
+@implementation NSBundle (HXAppKitExtensions)
+
+- (NSImage *)imageForResource:(NSString *)name {
+  // The platform tries every type of image, and tells of each that nothing has no name.
+  NSString *base = [[name lastPathComponent] stringByDeletingPathExtension];
+  if ([base length] == 0 || [base isEqualToString:@"/"]) return nil;
+  NSString *path = [self pathForImageResource:name];
+  if (OvSafeImageDataWithContentsOfFile(path) == nil) return nil;
+  return [[[NSImage alloc] initByReferencingFile:path] autorelease];
+}
+
+@end

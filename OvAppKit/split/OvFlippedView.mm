@@ -1,0 +1,9 @@
+#import <OvAppKit/OvFlippedView.h>
+
+@implementation OvFlippedView
+
+- (BOOL)isFlipped {
+  return YES;
+}
+
+@end

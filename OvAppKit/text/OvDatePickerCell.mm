@@ -1,0 +1,4 @@
+#import "text/OvDatePickerCell.h"
+
+@implementation OvDatePickerCell
+@end

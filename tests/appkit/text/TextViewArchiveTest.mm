@@ -1,0 +1,206 @@
+// A text view that goes through an archive or an interface file.
+
+#import <GNUstepGUI/GSGormLoading.h>
+
+#import "Supervisor.h"
+#import "TextViewTest.h"
+
+using namespace ov::test;
+using ::testing::ElementsAre;
+
+// Owns an interface file, and is the view's client there.
+@interface OvTestTextOwner : OvTestTextListener {
+ @public
+  OvTextView *view;
+}
+@end
+@implementation OvTestTextOwner
+- (void)setView:(OvTextView *)aView {
+  view = aView;
+}
+@end
+
+// A client that can be archived.
+@interface OvTestArchivedClient : OvTestTextListener <NSCoding>
+@end
+@implementation OvTestArchivedClient
+- (void)encodeWithCoder:(NSCoder *)coder {
+  (void)coder;
+}
+- (id)initWithCoder:(NSCoder *)coder {
+  (void)coder;
+  return [self init];
+}
+@end
+
+namespace {
+
+enum class Coding { keyed, sequential };
+
+id roundTrip(id object, Coding coding) {
+  if (coding == Coding::keyed) {
+    return [NSKeyedUnarchiver
+        unarchiveObjectWithData:[NSKeyedArchiver archivedDataWithRootObject:object]];
+  }
+  return [NSUnarchiver unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:object]];
+}
+
+class TextViewInterface : public TextViewTest {
+ protected:
+  OvTextView *plainView() {
+    return [[[OvTextView alloc] initWithFrame:NSMakeRect(10, 20, 300, 200)] autorelease];
+  }
+  // The view can be typed in, and tells its client.
+  void expectWorks(OvTextView *copy) {
+    window = showWindow(NSMakeSize(400, 300));
+    [[window contentView] addSubview:copy];
+    [copy setDelegate:listener];
+    [copy setString:@""];
+    [[copy textValidator] setMaxLength:2];
+    ASSERT_TRUE([window makeFirstResponder:copy]);
+    typeText(@"abc");
+    EXPECT_EQ(text([copy string]), "ab");
+    EXPECT_THAT(heard(), ElementsAre("BecomeFirstResponder", "DidBeginEditing", "DidChange",
+                                     "DidChange", "DidChange"));
+  }
+};
+
+class TextViewArchive : public TextViewInterface, public testing::WithParamInterface<Coding> {};
+
+TEST_P(TextViewArchive, ComesBackWithAPlainValidatorAndNoClient) {
+  OvTextView *made = plainView();
+  [made setDelegate:listener];
+  [[made textValidator] setMaxLength:3];
+  [made setTabToResignFirstResponder:YES];
+  OvTextView *copy = roundTrip(made, GetParam());
+  ASSERT_TRUE([copy isMemberOfClass:[OvTextView class]]);
+  EXPECT_NE(copy, made);
+  EXPECT_EQ([copy frame], NSMakeRect(10, 20, 300, 200));
+  EXPECT_EQ([[copy textValidator] maxLength], 0u);
+  EXPECT_NE([[copy textValidator] defaultTextColor], nil);
+  EXPECT_TRUE([[[copy textValidator] altTextColor] isEqual:[NSColor redColor]]);
+  EXPECT_FALSE([copy tabToResignFirstResponder]);
+  EXPECT_EQ([copy delegate], nil);
+  EXPECT_EQ([copy myDelegate], nil);
+  expectWorks(copy);
+  EXPECT_EQ([made myDelegate], listener);
+}
+
+TEST_P(TextViewArchive, ComesBackTwice) {
+  OvTextView *made = plainView();
+  [made setDelegate:listener];
+  expectWorks(roundTrip(roundTrip(made, GetParam()), GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Codings, TextViewArchive,
+                         testing::Values(Coding::keyed, Coding::sequential), [](const auto &info) {
+                           return info.param == Coding::keyed ? "Keyed" : "Sequential";
+                         });
+
+TEST_F(TextViewInterface, AKeyedArchiveKeepsTheText) {
+  OvTextView *made = plainView();
+  [made setDelegate:listener];
+  [made setString:@"one\ntwo"];
+  [made setTextColor:[NSColor blueColor]];
+  OvTextView *copy = roundTrip(made, Coding::keyed);
+  EXPECT_EQ(text([copy string]), "one\\ntwo");
+  EXPECT_TRUE([[[copy textValidator] defaultTextColor] isEqual:[NSColor blueColor]]);
+  EXPECT_EQ([copy lineCount], 2u);
+}
+
+// A text view as another program archived it, with a delegate of its own.
+TEST_F(TextViewInterface, APlainTextViewsDelegateBecomesTheClient) {
+  NSTextView *plain = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)] autorelease];
+  OvTestArchivedClient *client = [[[OvTestArchivedClient alloc] init] autorelease];
+  [plain setDelegate:(id)client];
+  NSMutableData *data = [NSMutableData data];
+  NSKeyedArchiver *archiver =
+      [[[NSKeyedArchiver alloc] initForWritingWithMutableData:data] autorelease];
+  [archiver setClassName:@"OvTextView" forClass:[NSTextView class]];
+  [archiver encodeObject:@[ client, plain ] forKey:@"root"];
+  [archiver finishEncoding];
+  [plain setDelegate:nil];
+  NSKeyedUnarchiver *unarchiver =
+      [[[NSKeyedUnarchiver alloc] initForReadingWithData:data] autorelease];
+  NSArray *both = [unarchiver decodeObjectForKey:@"root"];
+  OvTextView *copy = [both objectAtIndex:1];
+  ASSERT_TRUE([copy isMemberOfClass:[OvTextView class]]);
+  EXPECT_EQ([copy myDelegate], [both objectAtIndex:0]);
+  EXPECT_EQ([copy delegate], copy);
+  [copy didChangeText];
+  EXPECT_THAT(((OvTestArchivedClient *)[both objectAtIndex:0])->heard,
+              testing::Contains("DidChange"));
+  [copy setDelegate:nil];
+}
+
+NSString *path(NSString *name) {
+  return
+      [[NSString stringWithUTF8String:privateFolder().c_str()] stringByAppendingPathComponent:name];
+}
+
+TEST_F(TextViewInterface, AnXMLFileMakesAndConnectsOne) {
+  NSString *xml =
+      @"<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
+      @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
+      @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
+      @"<customObject id=\"-2\" userLabel=\"File's Owner\" customClass=\"OvTestTextOwner\">"
+      @"<connections><outlet property=\"view\" destination=\"v1\" id=\"o1\"/></connections>"
+      @"</customObject>"
+      @"<textView id=\"v1\" customClass=\"OvTextView\" editable=\"YES\">"
+      @"<rect key=\"frame\" x=\"0.0\" y=\"0.0\" width=\"300\" height=\"200\"/>"
+      @"<connections><outlet property=\"delegate\" destination=\"-2\" id=\"o3\"/></connections>"
+      @"</textView></objects></document>";
+  NSString *file = path(@"Text.xib");
+  ASSERT_TRUE([xml writeToFile:file atomically:NO encoding:NSUTF8StringEncoding error:NULL]);
+  OvTestTextOwner *owner = [[[OvTestTextOwner alloc] init] autorelease];
+  ASSERT_TRUE([NSBundle loadNibFile:file
+                  externalNameTable:@{@"NSOwner" : owner}
+                           withZone:NSDefaultMallocZone()]);
+  ASSERT_TRUE([owner->view isMemberOfClass:[OvTextView class]]);
+  EXPECT_EQ([owner->view myDelegate], owner);
+  EXPECT_EQ([owner->view delegate], owner -> view);
+  EXPECT_NE([owner->view textValidator], nil);
+  OvTextView *loaded = owner->view;
+  [loaded setDelegate:nil];
+  expectWorks(loaded);
+}
+
+TEST_F(TextViewInterface, AnObjectArchiveFileMakesAndConnectsOne) {
+  OvTextView *made = plainView();
+  GSNibContainer *container = [[[GSNibContainer alloc] init] autorelease];
+  [[container nameTable] setObject:made forKey:@"Text"];
+  [[container topLevelObjects] addObject:made];
+  auto connect = [&](NSString *source, NSString *label, NSString *destination) {
+    NSNibOutletConnector *outlet = [[[NSNibOutletConnector alloc] init] autorelease];
+    [outlet setSource:source];
+    [outlet setLabel:label];
+    [outlet setDestination:destination];
+    [[container connections] addObject:outlet];
+  };
+  connect(@"NSOwner", @"view", @"Text");
+  connect(@"Text", @"delegate", @"NSOwner");
+  NSString *folder = path(@"Text.gorm");
+  [[NSFileManager defaultManager] createDirectoryAtPath:folder
+                            withIntermediateDirectories:YES
+                                             attributes:nil
+                                                  error:NULL];
+  ASSERT_TRUE([NSArchiver
+      archiveRootObject:container
+                 toFile:[folder stringByAppendingPathComponent:@"objects.gorm"]]);
+  [@"{ }" writeToFile:[folder stringByAppendingPathComponent:@"data.classes"]
+           atomically:NO
+             encoding:NSUTF8StringEncoding
+                error:NULL];
+  OvTestTextOwner *owner = [[[OvTestTextOwner alloc] init] autorelease];
+  ASSERT_TRUE([NSBundle loadNibFile:folder
+                  externalNameTable:@{@"NSOwner" : owner}
+                           withZone:NSDefaultMallocZone()]);
+  ASSERT_TRUE([owner->view isMemberOfClass:[OvTextView class]]);
+  EXPECT_NE(owner->view, made);
+  EXPECT_EQ([owner->view myDelegate], owner);
+  OvTextView *loaded = owner->view;
+  [loaded setDelegate:nil];
+  expectWorks(loaded);
+}
+
+}  // namespace
