@@ -16,8 +16,6 @@
   [super dealloc];
 }
 
-// NO also when the loader raises, or finds nothing at all in a damaged file and calls that a
-// success.
 - (BOOL)_instantiateNib:(NSNib *)nib {
   NSArray *objects = nil;
   BOOL loaded = NO;
@@ -27,7 +25,18 @@
     (void)exception;
     loaded = NO;
   }
-  if (!loaded || [objects count] == 0) return NO;
+  // The loader also calls it a success when it found nothing in a damaged file.
+  if (!loaded || (view == nil && [objects count] == 0)) {
+    // What was loaded before it failed is left to itself: other outlets may point to it.
+    view = nil;
+    return NO;
+  }
+  // In a file that does not begin with the usual three stand-ins, for the owner, the first
+  // responder and the application, the loader takes other objects for those and does not list
+  // them; the view would go with the next pool.
+  if (view != nil && [view superview] == nil && ![objects containsObject:view]) {
+    objects = [objects arrayByAddingObject:[view retain]];
+  }
   _nibTopLevelObjects = [objects retain];
   return YES;
 }
