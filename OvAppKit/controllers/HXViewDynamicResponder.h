@@ -4,7 +4,10 @@
     when the view leaves the window and joins the next window's chain when the view arrives
     there, also when the view moves with a view around it.
 
-      HXViewDynamicResponder *responder = [[Inspector alloc] initWithView:view ordering:10];
+      @interface ViewCommands : HXViewDynamicResponder
+      @end
+
+      ViewCommands *responder = [[ViewCommands alloc] initWithView:view ordering:10];
       [responder setEnabled:YES];
       [[otherWindow contentView] addSubview:view];   // [responder window] == otherWindow
 
