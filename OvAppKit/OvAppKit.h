@@ -4,6 +4,8 @@
 
 #import <AppKit/AppKit.h>
 #import <OvAppKit/HXAutoScrollManager.h>
+#import <OvAppKit/HXDynamicResponder.h>
+#import <OvAppKit/HXKeyEventIntercepter.h>
 #import <OvAppKit/HXMatrixView.h>
 #import <OvAppKit/HXMatrixViewMouseTrackingManager.h>
 #import <OvAppKit/HXMatrixViewSelectionInfo.h>
@@ -12,6 +14,9 @@
 #import <OvAppKit/HXPropertyListController.h>
 #import <OvAppKit/HXPropertyListControllerValues.h>
 #import <OvAppKit/HXSplitView.h>
+#import <OvAppKit/HXViewController.h>
+#import <OvAppKit/HXViewDynamicResponder.h>
+#import <OvAppKit/HXViewDynamicResponder_NSViewReplacer.h>
 #import <OvAppKit/NSBitmapImageRep+OvAppKit.h>
 #import <OvAppKit/NSBundle+OvAppKit.h>
 #import <OvAppKit/NSDrawer+OvAppKit.h>
@@ -19,6 +24,7 @@
 #import <OvAppKit/NSGraphicsContext+OvAppKit.h>
 #import <OvAppKit/NSScreen+OvAppKit.h>
 #import <OvAppKit/NSView+OvAppKit.h>
+#import <OvAppKit/NSWindow+HXDynamicResponder.h>
 #import <OvAppKit/NSWindow+OvAppKit.h>
 #import <OvAppKit/OvAlphabetTextValidator.h>
 #import <OvAppKit/OvBorderlessTabView.h>
