@@ -25,13 +25,12 @@
     - on no row or no column, `deselectAll:`;
     - on a row that is not selected, that row alone becomes selected, unless the delegate
       refuses the row (`tableView:shouldSelectRow:`) or the column
-      (`tableView:shouldSelectTableColumn:`), which are asked in this order, the second also
-      after a refusal of the first;
+      (`tableView:shouldSelectTableColumn:`), in this order;
     - on a selected row, the whole selection stays.
 
     Then the data source is asked for the menu, whatever became of the selection:
     `tableView:contextMenuForTableColumn:row:`. Where it has no such method the answer is that
-    of every view: the menu of `setMenu:`, or nil. */
+    of every view: the menu of `setMenu:`, or nil. So is it for a nil event, which is no click. */
 - (NSMenu *)menuForEvent:(NSEvent *)event;
 
 /** What may be done with dragged rows: the answer of the data source to
