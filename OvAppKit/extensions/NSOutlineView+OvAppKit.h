@@ -18,11 +18,9 @@
 /** The items of all selected rows, the topmost first; never nil. */
 - (NSArray *)selectedItems;
 
-/** The parent of the item in a row; nil for a row at the top level and for one that is not
-    there. `childIndex`, which may be NULL, gets the number of siblings above the row, which is
-    the item's index among its parent's children; 0 for a negative row.
-
-    A row beyond the last has the level of no row, -1, so it has neither parent nor siblings. */
+/** The parent of the item in a row; nil for a row at the top level. `childIndex`, which may be
+    NULL, gets the number of siblings above the row, which is the item's index among its parent's
+    children. For a row that is not there the answers are nil and 0. */
 - (id)parentItemForRow:(NSInteger)row childIndex:(NSInteger *)childIndex;
 
 /** As a table view's, with the delegate's `outlineView:shouldSelectItem:` and

@@ -22,6 +22,8 @@
 }
 
 - (id)parentItemForRow:(NSInteger)row childIndex:(NSInteger *)childIndex {
+  if (childIndex != nullptr) *childIndex = 0;
+  if (row < 0 || row >= [self numberOfRows]) return nil;
   const NSInteger level = [self levelForRow:row];
   NSInteger siblings = 0;
   id parent = nil;

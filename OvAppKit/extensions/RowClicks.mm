@@ -11,6 +11,11 @@ RowClick rowClick(NSTableView *table, NSEvent *event) {
   RowClick click;
   click.row = [table rowAtPoint:point];
   click.column = [table columnAtPoint:point];
+  // The platform takes what lies beside the last column for a part of it.
+  const NSInteger last = [table numberOfColumns] - 1;
+  if (click.column == last && last >= 0 && point.x >= NSMaxX([table rectOfColumn:last])) {
+    click.column = -1;
+  }
   click.tableColumn = [table tableColumnAtColumn:click.column];
   return click;
 }
