@@ -11,8 +11,10 @@
 #import <OvAppKit/HXMatrixViewSelectionInfo.h>
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
+#import <OvAppKit/HXPackageSerializationContext.h>
 #import <OvAppKit/HXPropertyListController.h>
 #import <OvAppKit/HXPropertyListControllerValues.h>
+#import <OvAppKit/HXSoundRepository.h>
 #import <OvAppKit/HXSplitView.h>
 #import <OvAppKit/HXViewController.h>
 #import <OvAppKit/HXViewDynamicResponder.h>
@@ -25,6 +27,7 @@
 #import <OvAppKit/NSEvent+OvAppKit.h>
 #import <OvAppKit/NSFont+OvAppKit.h>
 #import <OvAppKit/NSGraphicsContext+OvAppKit.h>
+#import <OvAppKit/NSImage+OvAppKit.h>
 #import <OvAppKit/NSMenu+OvAppKit.h>
 #import <OvAppKit/NSMenuItem+OvAppKit.h>
 #import <OvAppKit/NSOutlineView+OvAppKit.h>
@@ -35,6 +38,7 @@
 #import <OvAppKit/NSView+OvAppKit.h>
 #import <OvAppKit/NSWindow+HXDynamicResponder.h>
 #import <OvAppKit/NSWindow+OvAppKit.h>
+#import <OvAppKit/NSWorkspace+OvAppKit.h>
 #import <OvAppKit/OvAlphabetTextValidator.h>
 #import <OvAppKit/OvBorderlessTabView.h>
 #import <OvAppKit/OvCollapsingView.h>

@@ -1,0 +1,11 @@
+// Images drawn as AppKit draws them: upright in flipped views, too, where the platform's
+// `drawInRect:fromRect:operation:fraction:` turns them upside down; and not at all into an
+// empty rectangle, which the platform takes for the image's own size.
+
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+// The whole image, into the focused view.
+void OvDrawWholeImage(NSImage *image, NSRect destination, NSCompositingOperation operation,
+                      CGFloat fraction);
