@@ -124,7 +124,7 @@ static const CGFloat kColumn = 300;
 }
 
 + (int)position {
-  return 88;
+  return 98;
 }
 
 + (NSString *)name {

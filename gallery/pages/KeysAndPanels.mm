@@ -117,7 +117,7 @@
 }
 
 + (int)position {
-  return 86;
+  return 96;
 }
 
 + (NSString *)name {

@@ -119,7 +119,7 @@ static NSString *nameOfLink(NSResponder *responder) {
 }
 
 + (int)position {
-  return 82;
+  return 92;
 }
 
 + (NSString *)name {

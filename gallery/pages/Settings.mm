@@ -41,7 +41,7 @@ static NSDictionary *defaultValues() {
 }
 
 + (int)position {
-  return 80;
+  return 90;
 }
 
 + (NSString *)name {

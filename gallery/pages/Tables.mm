@@ -89,7 +89,7 @@ static NSString *const kRowsType = @"GalleryTableRows";
 }
 
 + (int)position {
-  return 84;
+  return 94;
 }
 
 + (NSString *)name {
