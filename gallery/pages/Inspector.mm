@@ -297,8 +297,8 @@ static NSView *stack(NSArray *rows) {
     [lines addObject:[NSString stringWithFormat:@"%@.collapsed=%d", key, [section isCollapsed]]];
     [lines addObject:[NSString stringWithFormat:@"%@.height=%d", key,
                                                 static_cast<int>(NSHeight([section frame]))]];
-    [lines addObject:[NSString stringWithFormat:@"%@.text=%@", key,
-                                                [[section header] stringValue]]];
+    [lines
+        addObject:[NSString stringWithFormat:@"%@.text=%@", key, [[section header] stringValue]]];
     NSView *button = [section discrosure];
     [lines addObject:GalleryStatusLine([key stringByAppendingString:@".button"], button,
                                        [button bounds], @"")];

@@ -65,9 +65,8 @@ static NSImage *sampleImage() {
 // A tile with its caption below, placed in a row of four.
 - (OvSimpleView *)addTile:(NSInteger)index caption:(NSString *)caption {
   const CGFloat x = kGap + index * (kTile.width + kGap);
-  OvSimpleView *view =
-      [[[OvSimpleView alloc] initWithFrame:NSMakeRect(x, kGap, kTile.width, kTile.height)]
-          autorelease];
+  OvSimpleView *view = [[[OvSimpleView alloc]
+      initWithFrame:NSMakeRect(x, kGap, kTile.width, kTile.height)] autorelease];
   [_canvas addSubview:view];
   NSTextField *label = GalleryLabel(caption, GalleryFont(12), GalleryQuietTextColor());
   [label setFrameOrigin:NSMakePoint(x - 2, kGap + kTile.height + 6)];

@@ -68,14 +68,12 @@ const CGFloat kLeastMessage = 200;
   _split = [[OvSplitView alloc] initWithFrame:NSMakeRect(0, 0, 942, 400)];
   [_split setVertical:YES];
   [_split setToolTip:@"Drag to resize, click twice to collapse"];
-  _folders = [[[PaneList alloc] initWithBackground:GallerySidebarColor()
-                                            chosen:[self](NSInteger) {
-                                              [self showLetters];
-                                            }] autorelease];
-  _letters = [[[PaneList alloc] initWithBackground:GalleryWindowColor()
-                                            chosen:[self](NSInteger) {
-                                              [self showLetter];
-                                            }] autorelease];
+  _folders =
+      [[[PaneList alloc] initWithBackground:GallerySidebarColor()
+                                     chosen:[self](NSInteger) { [self showLetters]; }] autorelease];
+  _letters =
+      [[[PaneList alloc] initWithBackground:GalleryWindowColor()
+                                     chosen:[self](NSInteger) { [self showLetter]; }] autorelease];
   _letterView = [[[PaneMessage alloc] initWithFrame:NSZeroRect] autorelease];
   _panes[kFolders] = _folders;
   _panes[kLetters] = _letters;
@@ -134,12 +132,10 @@ const CGFloat kLeastMessage = 200;
 - (void)fillSettings:(GallerySettings *)settings {
   [settings addColumn:@"Panes"];
   for (int i : {kFolders, kMessage}) {
-    _shown[i] =
-        [settings addCheckBox:[@"Show " stringByAppendingString:[kPaneNames[i] lowercaseString]]
-                           on:YES
-                      changed:[self, i](BOOL on) {
-                        [_split setSubview:_panes[i] isCollapsed:!on];
-                      }];
+    _shown[i] = [settings
+        addCheckBox:[@"Show " stringByAppendingString:[kPaneNames[i] lowercaseString]]
+                 on:YES
+            changed:[self, i](BOOL on) { [_split setSubview:_panes[i] isCollapsed:!on]; }];
   }
   [settings addCheckBox:@"Lock the dividers"
                      on:NO

@@ -146,8 +146,8 @@ static const NSSize kSizes[] = {{240, 180}, {320, 240}, {440, 320}};
   const CGFloat left = GalleryLargeMargin, right = left + width + gap;
   const CGFloat top = GalleryLargeMargin - 4;
   const CGFloat rows = size.height - 2 * top - 2 * kTitleHeight - GalleryLargeMargin;
-  const CGFloat mapHeight = std::clamp(floor(rows * 0.55), kControlsHeight,
-                                       std::max(kControlsHeight, [_map heightForWidth:width]));
+  const CGFloat mapHeight = std::clamp<CGFloat>(
+      floor(rows * 0.55), kControlsHeight, std::max(kControlsHeight, [_map heightForWidth:width]));
   const CGFloat mapWidth = std::min(width, [_map widthForHeight:mapHeight]);
   const CGFloat first = top + kTitleHeight;
   const CGFloat bottom = first + mapHeight + GalleryLargeMargin, second = bottom + kTitleHeight;
