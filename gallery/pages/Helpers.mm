@@ -3,118 +3,31 @@
 
 #import <OvAppKit/OvAppKit.h>
 
+#include <algorithm>
+
+#import "helpers/HelperSamples.h"
 #import "shell/GalleryControls.h"
 #import "shell/GalleryPage.h"
 #import "shell/GallerySettings.h"
-#import "shell/GalleryStyle.h"
+#import "shell/GalleryStage.h"
 
-static const CGFloat kColumn = 300;
-
-@interface HelpersView : NSView {
- @public
-  NSImage *_image;
-  int _position;
-  BOOL _scaled;
-  NSRect _drawn;
-}
-@end
-
-@implementation HelpersView
-
-- (id)initWithFrame:(NSRect)frame {
-  self = [super initWithFrame:frame];
-  if (!self) return nil;
-  _position = 1;
-  _scaled = YES;
-  _image = [[NSImage alloc] initWithSize:NSMakeSize(100, 50)];
-  [_image lockFocus];
-  [GalleryColor(0x8EC5FC) set];
-  NSRectFill(NSMakeRect(0, 0, 100, 50));
-  [GalleryColor(0xF7C873) set];
-  [[NSBezierPath bezierPathWithOvalInRect:NSMakeRect(62, 24, 18, 18)] fill];
-  [GalleryColor(0x3E7F5A) set];
-  NSRectFill(NSMakeRect(0, 0, 100, 14));
-  [_image unlockFocus];
-  return self;
-}
-
-- (void)dealloc {
-  [_image release];
-  [super dealloc];
-}
-
-- (void)drawTitle:(NSString *)title x:(CGFloat)x y:(CGFloat)y {
-  GalleryDrawText(title, NSMakeRect(x, y, kColumn, 20), GalleryBoldFont(12),
-                  GalleryQuietTextColor(), NSLeftTextAlignment);
-}
-
-- (void)drawColorsAt:(NSPoint)place {
-  [self drawTitle:@"House colours" x:place.x y:place.y];
-  NSArray *colors = @[
-    [NSColor orvaneSelectedColor], [NSColor orvaneReferenceColor], [NSColor orvaneFrameColor],
-    [NSColor orvaneBackgroundColor]
-  ];
-  NSArray *names = @[ @"Selected", @"Reference", @"Frame", @"Background" ];
-  for (NSUInteger i = 0; i < [colors count]; ++i) {
-    const CGFloat y = place.y - 36 - 34 * static_cast<CGFloat>(i);
-    const NSRect swatch = NSMakeRect(place.x, y, 48, 26);
-    [[colors objectAtIndex:i] set];
-    [GalleryRoundedPath(swatch, 4) fill];
-    GalleryDrawText([names objectAtIndex:i], NSMakeRect(place.x + 60, y, 150, 26), GalleryFont(12),
-                    GalleryTextColor(), NSLeftTextAlignment);
-  }
-}
-
-- (void)drawFontsAt:(NSPoint)place {
-  [self drawTitle:@"System fonts" x:place.x y:place.y];
-  NSArray *fonts =
-      @[ [NSFont regularSystemFont], [NSFont smallSystemFont], [NSFont miniSystemFont] ];
-  NSArray *names = @[ @"Regular", @"Small", @"Mini" ];
-  CGFloat y = place.y - 32;
-  for (NSUInteger i = 0; i < [fonts count]; ++i) {
-    NSFont *font = [fonts objectAtIndex:i];
-    NSString *text = [NSString
-        stringWithFormat:@"%@, %g points", [names objectAtIndex:i], [font pointSize]];
-    NSMutableAttributedString *line =
-        [[[NSMutableAttributedString alloc] initWithString:text font:font] autorelease];
-    [line addAttribute:NSForegroundColorAttributeName
-                 value:GalleryTextColor()
-                 range:NSMakeRange(0, [line length])];
-    [line drawAtPoint:NSMakePoint(place.x, y)];
-    y -= 26;
-  }
-}
-
-- (void)drawRect:(NSRect)rect {
-  (void)rect;
-  [GalleryPanelColor() set];
-  NSRectFill([self bounds]);
-  const CGFloat top = NSMaxY([self bounds]) - 34;
-  [self drawColorsAt:NSMakePoint(24, top)];
-  [self drawFontsAt:NSMakePoint(24, top - 200)];
-  [self drawTitle:@"An image in a rectangle" x:24 + kColumn y:top];
-  const NSRect frame = NSMakeRect(24 + kColumn, top - 216, 210, 210);
-  [GalleryWindowColor() set];
-  NSRectFill(frame);
-  [GalleryLineColor() set];
-  NSFrameRect(frame);
-  _drawn = [_image drawInRect:frame
-                   atPosition:_position
-                       scaled:_scaled
-                    operation:NSCompositeSourceOver
-                     fraction:1];
-}
-
-@end
+static const CGFloat kColumn = 210;
+static const CGFloat kTitle = 22;
 
 @interface HelpersPage : GalleryPage {
-  HelpersView *_canvas;
+  ColorList *_colors;
+  FontList *_fonts;
+  PlacedImage *_image;
   NSTextView *_facts;
+  NSArray *_titles;
+  NSPopUpButton *_position;
   NSPopUpButton *_soundNames;
+  NSButton *_scaled;
+  NSButton *_play;
   NSArray *_sounds;
   NSSound *_playing;
-  NSInteger _soundIndex;
 }
+- (void)layOut:(NSSize)size;
 @end
 
 @implementation HelpersPage
@@ -140,87 +53,134 @@ static const CGFloat kColumn = 300;
 }
 
 - (void)dealloc {
+  if (_view) [static_cast<GalleryStage *>(_view) setLayout:nullptr];
   [_playing stop];
   [_playing release];
   [_sounds release];
-  [_canvas release];
+  [_titles release];
   [super dealloc];
 }
 
 - (NSView *)makeView {
+  GalleryStage *stage = [GalleryStage stageWithLayout:[self](NSSize size) { [self layOut:size]; }];
   _sounds = [[[HXSoundRepository sharedSoundRepository] soundFilePaths] retain];
-  _canvas = [[HelpersView alloc] initWithFrame:NSMakeRect(0, 0, 942, 420)];
-  _facts = [[[NSTextView alloc] initWithFrame:NSMakeRect(24 + 2 * kColumn, 20, 300, 380)]
-      autorelease];
-  [_facts setAutoresizingMask:NSViewHeightSizable];
+  _colors = [[[ColorList alloc] initWithFrame:NSZeroRect] autorelease];
+  _fonts = [[[FontList alloc] initWithFrame:NSZeroRect] autorelease];
+  _image = [[[PlacedImage alloc] initWithFrame:NSZeroRect] autorelease];
+  _facts = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)] autorelease];
   [_facts setEditable:NO];
   [_facts setDrawsBackground:NO];
-  [_facts setFont:GalleryFont(12)];
-  [_facts setTextColor:GalleryTextColor()];
-  [_canvas addSubview:_facts];
-  [self showFacts];
-  return _canvas;
+  [[_facts textContainer] setLineFragmentPadding:0];
+  NSMutableArray *titles = [NSMutableArray array];
+  for (NSString *title in @[ @"House colours", @"System fonts", @"An image in a rectangle" ]) {
+    [titles addObject:GalleryLabel(title, GalleryBoldFont(12), GalleryTextColor())];
+  }
+  _titles = [titles copy];
+  for (NSView *view in @[ _colors, _fonts, _image, _facts ]) [stage addSubview:view];
+  for (NSView *title in _titles) [stage addSubview:title];
+  return stage;
+}
+
+// Colours and fonts, then the image, then what the workspace knows.
+- (void)layOut:(NSSize)size {
+  const CGFloat top = GalleryMargin;
+  CGFloat x = GalleryLargeMargin;
+  [[_titles objectAtIndex:0] setFrameOrigin:NSMakePoint(x - 2, top)];
+  [_colors setFrame:NSMakeRect(x, top + kTitle, kColumn, [ColorList height])];
+  const CGFloat fonts = top + kTitle + [ColorList height] + GalleryMargin;
+  [[_titles objectAtIndex:1] setFrameOrigin:NSMakePoint(x - 2, fonts)];
+  [_fonts setFrame:NSMakeRect(x, fonts + kTitle, kColumn, [FontList height])];
+
+  x += kColumn + GalleryLargeMargin;
+  const CGFloat side =
+      std::clamp<CGFloat>(size.height - top - kTitle - GalleryLargeMargin, 60, 320);
+  [[_titles objectAtIndex:2] setFrameOrigin:NSMakePoint(x - 2, top)];
+  [_image setFrame:NSMakeRect(x, top + kTitle, side, side)];
+  x += side + 2 * GalleryLargeMargin;
+  [_facts setFrame:NSMakeRect(x, top, std::max<CGFloat>(0, size.width - x - GalleryLargeMargin),
+                              std::max<CGFloat>(0, size.height - top - GalleryMargin))];
 }
 
 - (void)didShow {
   [self showFacts];
+  [self describeImage];
+}
+
+- (void)append:(NSString *)line to:(NSMutableAttributedString *)text bold:(BOOL)bold {
+  NSMutableAttributedString *part = [[[NSMutableAttributedString alloc]
+      initWithString:[line stringByAppendingString:@"\n"]
+                font:bold ? GalleryBoldFont(12) : GalleryFont(12)] autorelease];
+  [part addAttribute:NSForegroundColorAttributeName
+               value:bold ? GalleryTextColor() : GalleryQuietTextColor()
+               range:NSMakeRange(0, [part length])];
+  [text appendAttributedString:part];
 }
 
 - (void)showFacts {
   NSWorkspace *workspace = [NSWorkspace sharedWorkspace];
-  NSMutableString *text = [NSMutableString stringWithString:@"Running applications\n"];
+  NSMutableAttributedString *text = [[[NSMutableAttributedString alloc] init] autorelease];
+  [self append:@"Running applications" to:text bold:YES];
   for (NSDictionary *application in [workspace launchedApplications]) {
-    [text appendFormat:@"   %@\n", [application objectForKey:@"NSApplicationName"]];
+    [self append:[application objectForKey:@"NSApplicationName"] to:text bold:NO];
   }
-  [text appendString:@"\nVolumes\n"];
+  [self append:@"" to:text bold:NO];
+  [self append:@"Volumes" to:text bold:YES];
   for (NSString *path in [workspace mountedLocalVolumePaths]) {
     const BOOL ejectable = [workspace isUnmountableDeviceOrNetworkVolumeAtPath:path];
-    [text appendFormat:@"   %@%@\n", path, ejectable ? @" (can be ejected)" : @""];
+    [self append:ejectable ? [path stringByAppendingString:@" (can be ejected)"] : path
+              to:text
+            bold:NO];
   }
-  [text appendFormat:@"\nSounds\n   %lu found\n", static_cast<unsigned long>([_sounds count])];
-  [_facts setString:text];
+  [self append:@"" to:text bold:NO];
+  [self append:@"Sounds" to:text bold:YES];
+  [self append:[NSString stringWithFormat:@"%lu in the Sounds folders",
+                                          static_cast<unsigned long>([_sounds count])]
+            to:text
+          bold:NO];
+  [[_facts textStorage] setAttributedString:text];
 }
 
 - (void)fillSettings:(GallerySettings *)settings {
   [settings addColumn:@"The image"];
-  [settings addPopUp:@"Position"
-              titles:@[ @"0: stretched", @"1: centred", @"2: at the top" ]
-            selected:1
-             changed:[self](NSInteger index) {
-               _canvas->_position = static_cast<int>(index);
-               [self redraw];
-             }];
-  [settings addCheckBox:@"Scaled"
-                     on:YES
-                changed:[self](BOOL on) {
-                  _canvas->_scaled = on;
-                  [self redraw];
-                }];
+  _position = [settings addPopUp:@"Position"
+                          titles:@[ @"0: stretched", @"1: centred", @"2: at the top" ]
+                        selected:1
+                         changed:[self](NSInteger index) {
+                           [_image setPosition:static_cast<int>(index)];
+                           [self describeImage];
+                         }];
+  _scaled = [settings addCheckBox:@"Scaled to the rectangle"
+                               on:YES
+                          changed:[self](BOOL on) {
+                            [_image setScaled:on];
+                            [self describeImage];
+                          }];
   [settings addColumn:@"Sounds"];
   NSMutableArray *names = [NSMutableArray array];
   for (NSString *path in _sounds) {
     [names addObject:[[path lastPathComponent] stringByDeletingPathExtension]];
   }
   if ([names count] == 0) [names addObject:@"None installed"];
-  _soundNames = [settings addPopUp:@"Sound"
-                            titles:names
-                          selected:0
-                           changed:[self](NSInteger index) { _soundIndex = index; }];
-  [settings addButton:@"Play" pressed:[self] { [self play]; }];
+  _soundNames = [settings addPopUp:@"Sound" titles:names selected:0 changed:[](NSInteger) {}];
+  _play = [settings addButton:@"Play" pressed:[self] { [self play]; }];
 }
 
-- (void)redraw {
-  [_canvas display];
-  [self setMessage:[@"Drawn into " stringByAppendingString:NSStringFromRect(_canvas->_drawn)]
+- (void)describeImage {
+  [_image display];
+  const NSRect drawn = [_image drawnRect];
+  [self setMessage:[NSString stringWithFormat:@"The image is drawn at %g, %g, %g × %g.",
+                                              NSMinX(drawn), NSMinY(drawn), NSWidth(drawn),
+                                              NSHeight(drawn)]
            warning:NO];
 }
 
 - (void)play {
-  if (_soundIndex >= static_cast<NSInteger>([_sounds count])) {
+  const NSInteger index = [_soundNames indexOfSelectedItem];
+  if (index < 0 || index >= static_cast<NSInteger>([_sounds count])) {
     [self setMessage:@"There is no sound to play." warning:YES];
     return;
   }
-  NSString *path = [_sounds objectAtIndex:_soundIndex];
+  NSString *path = [_sounds objectAtIndex:index];
   [_playing stop];
   [_playing release];
   _playing = [[NSSound alloc] initWithContentsOfFile:path byReference:YES];
@@ -231,11 +191,21 @@ static const CGFloat kColumn = 300;
 }
 
 - (NSArray *)statusLines {
-  return @[
-    [@"drawn=" stringByAppendingString:NSStringFromRect(_canvas->_drawn)],
-    [NSString stringWithFormat:@"sounds=%lu", static_cast<unsigned long>([_sounds count])],
-    GalleryStatusLine(@"grid", _canvas, [_canvas bounds], @"")
-  ];
+  NSMutableArray *lines = [NSMutableArray array];
+  const NSRect drawn = [_image drawnRect], whole = [_image bounds];
+  [lines addObject:[NSString stringWithFormat:@"drawn=%g %g %g %g", NSMinX(drawn), NSMinY(drawn),
+                                              NSWidth(drawn), NSHeight(drawn)]];
+  [lines addObject:[NSString stringWithFormat:@"side=%g", NSWidth(whole)]];
+  [lines addObject:[NSString
+                       stringWithFormat:@"sounds=%lu", static_cast<unsigned long>([_sounds count])]];
+  [lines addObject:[@"facts=" stringByAppendingString:[_facts string]]];
+  for (NSView *view in @[ _position, _scaled, _play ]) {
+    NSString *key = view == _position ? @"rect.position"
+                    : view == _scaled ? @"rect.scaled"
+                                      : @"rect.play";
+    [lines addObject:GalleryStatusLine(key, view, [view bounds], @"")];
+  }
+  return lines;
 }
 
 @end

@@ -1,36 +1,53 @@
 // A preferences form on a property list in a file.
 
 #import <OvAppKit/OvAppKit.h>
-#import <OvFoundation/OvFoundation.h>
 
+#include <algorithm>
+
+#import "forms/FormField.h"
 #import "shell/GalleryControls.h"
 #import "shell/GalleryPage.h"
-#import "shell/GallerySettings.h"
-#import "shell/GalleryStyle.h"
+#import "shell/GalleryStage.h"
 
-static const CGFloat kFormWidth = 400;
-static const CGFloat kLabelX = 20;
-static const CGFloat kControlX = 130;
-static const CGFloat kRow = 40;
+static const CGFloat kFormWidth = 360;
+static const CGFloat kRowGap = 10;
+static const NSTimeInterval kLookAtFile = 0.3;
 
 static NSString *const kStoreNames[] = {@"org.ovappkit.gallery.home", @"org.ovappkit.gallery.work"};
 
 static NSDictionary *defaultValues() {
-  return @{@"author" : @"Anonymous", @"zoom" : @100, @"backup" : @NO, @"folder" : @"Documents"};
+  return @{@"author" : @"Anonymous", @"folder" : @"Documents", @"zoom" : @100, @"backup" : @(NO)};
 }
+
+// Whole steps only: the file would hold every fraction of a pixel.
+@interface ZoomSlider : GallerySlider
+@end
+
+@implementation ZoomSlider
+
+- (BOOL)sendAction:(SEL)action to:(id)target {
+  [self setDoubleValue:5 * round([self doubleValue] / 5)];
+  return [super sendAction:action to:target];
+}
+
+@end
 
 @interface SettingsPage : GalleryPage {
   HXPropertyListController *_controller;
-  HXPropertyList *_stores[2];
-  GalleryBox *_canvas;
-  NSMutableArray *_bound;  // the controls with a binding "value"
-  NSTextField *_unsaved;
-  NSTextView *_fileText;
+  NSArray *_stores;
+  NSArray *_fields;
+  NSTextField *_zoomTitle;
+  NSTextField *_zoomText;
+  NSSlider *_zoom;
+  NSButton *_backup;
+  NSTextField *_mark;
+  NSArray *_buttons;
+  NSPopUpButton *_store;
   NSTextField *_filePath;
-  NSButton *_save;
-  NSTimer *_timer;
+  NSScrollView *_fileScroll;
+  NSTextView *_fileText;
   NSString *_shownText;
-  CGFloat _y;
+  NSTimer *_timer;
 }
 @end
 
@@ -53,123 +70,199 @@ static NSDictionary *defaultValues() {
 }
 
 + (NSString *)summary {
-  return @"Controls bound to a property list. Only what differs from the defaults is stored.";
+  return @"Controls bound to a property list in a file, which keeps what differs from the defaults.";
 }
 
 - (void)dealloc {
-  for (NSControl *control in _bound) [control unbind:@"value"];
-  [_save unbind:@"enabled"];
-  [_controller removeObserver:self forKeyPath:@"hasUnsavedChanges"];
   [_timer invalidate];
-  [_bound release];
+  [[NSNotificationCenter defaultCenter] removeObserver:self];
+  if (_controller) {
+    for (NSControl *control in [self boundControls]) [control unbind:@"value"];
+    [[_buttons objectAtIndex:0] unbind:@"enabled"];
+    [_controller removeObserver:self forKeyPath:@"hasUnsavedChanges"];
+    for (FormField *field in _fields) [[field control] setDelegate:nil];
+    [static_cast<GalleryStage *>(_view) setLayout:nullptr];
+  }
+  [_fields release];
+  [_buttons release];
   [_controller release];
-  for (HXPropertyList *store : _stores) [store release];
+  [_stores release];
   [_shownText release];
-  [_canvas release];
   [super dealloc];
 }
 
 - (NSView *)makeView {
-  for (int i = 0; i < 2; ++i) _stores[i] = [[HXPropertyList alloc] initWithName:kStoreNames[i]];
-  _controller = [[HXPropertyListController alloc] initWithPropertyList:_stores[0]
+  GalleryStage *stage = [GalleryStage stageWithLayout:[self](NSSize size) { [self layOut:size]; }];
+  NSMutableArray *stores = [NSMutableArray array];
+  for (NSString *name : kStoreNames) {
+    [stores addObject:[HXPropertyList propertyListWithName:name]];
+  }
+  _stores = [stores copy];
+  _controller = [[HXPropertyListController alloc] initWithPropertyList:[_stores objectAtIndex:0]
                                                          initialValues:defaultValues()];
-  _bound = [[NSMutableArray alloc] init];
-  _canvas = [[GalleryBox boxWithFill:GalleryPanelColor() border:nil] retain];
-  [_canvas setFrame:NSMakeRect(0, 0, 942, 420)];
-  [self addForm];
-  [self addFileView];
+  [self makeForm];
+  [self makeButtons];
+  [self makeFileView];
+  for (NSView *field in _fields) [stage addSubview:field];
+  for (NSView *button in _buttons) [stage addSubview:button];
+  for (NSView *view in @[
+         _zoomTitle, _zoomText, _zoom, _backup, _mark, _store, _filePath, _fileScroll
+       ]) {
+    [stage addSubview:view];
+  }
+  [self linkKeyViews];
   [_controller addObserver:self forKeyPath:@"hasUnsavedChanges" options:0 context:NULL];
-  [self showState];
-  return _canvas;
-}
-
-- (void)addRow:(NSString *)title control:(NSControl *)control width:(CGFloat)width {
-  NSTextField *label = GalleryLabel(title, GalleryFont(12), GalleryTextColor());
-  [label setFrameOrigin:NSMakePoint(kLabelX, _y + 4)];
-  [_canvas addSubview:label];
-  [control setFrame:NSMakeRect(kControlX, _y, width, 24)];
-  [control setFont:GalleryFont(12)];
-  [_canvas addSubview:control];
-  _y += kRow;
+  [[NSNotificationCenter defaultCenter] addObserver:self
+                                           selector:@selector(focusMayHaveMoved)
+                                               name:NSWindowDidUpdateNotification
+                                             object:nil];
+  return stage;
 }
 
 - (void)bind:(NSControl *)control to:(NSString *)key {
   [control bind:@"value"
          toObject:_controller
       withKeyPath:[@"values." stringByAppendingString:key]
-          options:nil];
-  [_bound addObject:control];
+          options:@{NSContinuouslyUpdatesValueBindingOption : @(YES)}];
 }
 
-- (void)addForm {
-  _y = 24;
-  NSTextField *author = [[[NSTextField alloc] initWithFrame:NSZeroRect] autorelease];
-  [self addRow:@"Author" control:author width:230];
-  [self bind:author to:@"author"];
-  NSTextField *folder = [[[NSTextField alloc] initWithFrame:NSZeroRect] autorelease];
-  [self addRow:@"Folder" control:folder width:230];
-  [self bind:folder to:@"folder"];
-  NSSlider *zoom = [[[GallerySlider alloc] initWithFrame:NSZeroRect] autorelease];
-  [zoom setMinValue:25];
-  [zoom setMaxValue:400];
-  [self addRow:@"Zoom" control:zoom width:230];
-  [self bind:zoom to:@"zoom"];
-  GalleryCheckBox *backup = [[[GalleryCheckBox alloc] initWithFrame:NSZeroRect] autorelease];
-  [backup setButtonType:NSSwitchButton];
-  [backup setTitle:@"Keep a backup copy"];
-  [self addRow:@"" control:backup width:230];
-  [self bind:backup to:@"backup"];
-  _unsaved = GalleryLabel(@"Unsaved changes", GalleryBoldFont(12), GalleryWarningColor());
-  [_unsaved setFrameOrigin:NSMakePoint(kControlX - 2, _y + 4)];
-  [_canvas addSubview:_unsaved];
-  _y += kRow;
-  _save = [self addButton:@"Save" x:kControlX target:_controller action:@selector(save:)];
-  [_save bind:@"enabled" toObject:_controller withKeyPath:@"hasUnsavedChanges" options:nil];
-  [self addButton:@"Revert" x:kControlX + 80 target:_controller action:@selector(revert:)];
-  [self addButton:@"Defaults"
-                x:kControlX + 160
-           target:_controller
-           action:@selector(revertToInitialValues:)];
-  [author setNextKeyView:folder];
-  [folder setNextKeyView:zoom];
-  [zoom setNextKeyView:author];
+- (FormField *)fieldNamed:(NSString *)name title:(NSString *)title hint:(NSString *)hint {
+  NSTextField *control = [[[NSTextField alloc] initWithFrame:NSZeroRect] autorelease];
+  FormField *field = [[[FormField alloc] initWithName:name title:title hint:hint
+                                              control:control] autorelease];
+  [control setDelegate:static_cast<id>(self)];
+  [self bind:control to:name];
+  return field;
 }
 
-- (NSButton *)addButton:(NSString *)title x:(CGFloat)x target:(id)target action:(SEL)action {
-  GalleryButton *button =
-      [[[GalleryButton alloc] initWithFrame:NSMakeRect(x, _y, 72, 26)] autorelease];
-  [button setTitle:title];
-  [button setFont:GalleryFont(12)];
-  [button setTarget:target];
-  [button setAction:action];
-  [_canvas addSubview:button];
-  return button;
+- (void)makeForm {
+  _fields = [@[
+    [self fieldNamed:@"author" title:@"Author" hint:@"Written into every file"],
+    [self fieldNamed:@"folder" title:@"Folder" hint:@"Where files are kept"]
+  ] retain];
+  _zoomTitle = GalleryLabel(@"Zoom in per cent", GalleryFont(12), GalleryTextColor());
+  // Follows the slider through the controller alone.
+  _zoomText = GalleryLabel(@"", GalleryBoldFont(12), GalleryTextColor());
+  [_zoomText setAlignment:NSRightTextAlignment];
+  [self bind:_zoomText to:@"zoom"];
+  _zoom = [[[ZoomSlider alloc] initWithFrame:NSZeroRect] autorelease];
+  [_zoom setMinValue:25];
+  [_zoom setMaxValue:400];
+  [self bind:_zoom to:@"zoom"];
+  _backup = [[[GalleryCheckBox alloc] initWithFrame:NSZeroRect] autorelease];
+  [_backup setButtonType:NSSwitchButton];
+  [_backup setTitle:@"Keep a backup copy"];
+  [_backup setFont:GalleryFont(12)];
+  [self bind:_backup to:@"backup"];
+  _mark = GalleryLabel(@" ", GalleryBoldFont(12), GalleryWarningColor());
 }
 
-- (void)addFileView {
+- (NSArray *)boundControls {
+  NSMutableArray *controls = [NSMutableArray arrayWithObjects:_zoomText, _zoom, _backup, nil];
+  for (FormField *field in _fields) [controls addObject:[field control]];
+  return controls;
+}
+
+- (void)makeButtons {
+  NSMutableArray *buttons = [NSMutableArray array];
+  const auto add = [&](NSString *title, id target, SEL action) {
+    NSButton *button = [[[GalleryButton alloc] initWithFrame:NSZeroRect] autorelease];
+    [button setTitle:title];
+    [button setFont:GalleryFont(12)];
+    [button setTarget:target];
+    [button setAction:action];
+    [buttons addObject:button];
+  };
+  add(@"Save", _controller, @selector(save:));
+  add(@"Revert", _controller, @selector(revert:));
+  add(@"Defaults", _controller, @selector(revertToInitialValues:));
+  add(@"Set the zoom to 150 from the program", self, @selector(zoomFromProgram:));
+  _buttons = [buttons copy];
+  [[_buttons objectAtIndex:0] bind:@"enabled"
+                          toObject:_controller
+                       withKeyPath:@"hasUnsavedChanges"
+                           options:nil];
+}
+
+- (void)makeFileView {
+  _store = [[[GalleryPopUp alloc] initWithFrame:NSZeroRect pullsDown:NO] autorelease];
+  [_store addItemsWithTitles:@[ @"At home", @"At work" ]];
+  [_store setFont:GalleryFont(12)];
+  [_store setTarget:self];
+  [_store setAction:@selector(chooseStore:)];
   _filePath = GalleryLabel(@"", GalleryFont(11), GalleryQuietTextColor());
-  [_filePath setFrame:NSMakeRect(kFormWidth + 20, 22, 500, 18)];
-  [_filePath setAutoresizingMask:NSViewWidthSizable];
-  [_canvas addSubview:_filePath];
-  GalleryBox *frame = [GalleryBox boxWithFill:GalleryWindowColor() border:GalleryLineColor()];
-  [frame setFrame:NSMakeRect(kFormWidth + 20, 46, 942 - kFormWidth - 40, 420 - 66)];
-  [frame setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
-  _fileText = [[[NSTextView alloc] initWithFrame:NSInsetRect([frame bounds], 10, 10)] autorelease];
-  [_fileText setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
+  [[_filePath cell] setLineBreakMode:NSLineBreakByTruncatingMiddle];
+  _fileScroll = [[[GalleryScrollView alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)] autorelease];
+  [_fileScroll setHasHorizontalScroller:NO];
+  [_fileScroll setBackgroundColor:GalleryWindowColor()];
+  _fileText = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)] autorelease];
+  [_fileText setAutoresizingMask:NSViewWidthSizable];
+  [_fileText setMaxSize:NSMakeSize(1e6, 1e6)];
+  [_fileText setVerticallyResizable:YES];
+  [_fileText setHorizontallyResizable:NO];
+  [[_fileText textContainer] setWidthTracksTextView:YES];
+  [_fileText setTextContainerInset:NSMakeSize(8, 8)];
   [_fileText setEditable:NO];
-  [_fileText setDrawsBackground:NO];
+  [_fileText setBackgroundColor:GalleryWindowColor()];
   [_fileText setFont:[NSFont userFixedPitchFontOfSize:11]];
   [_fileText setTextColor:GalleryTextColor()];
-  [frame addSubview:_fileText];
-  [_canvas addSubview:frame];
+  [_fileScroll setDocumentView:_fileText];
+}
+
+- (void)linkKeyViews {
+  NSView *last = nil;
+  for (FormField *field in _fields) {
+    [last setNextKeyView:[field control]];
+    last = [field control];
+  }
+  for (NSView *view in [@[ _zoom, _backup ] arrayByAddingObjectsFromArray:_buttons]) {
+    [last setNextKeyView:view];
+    last = view;
+  }
+  [last setNextKeyView:[self keyView]];
+}
+
+// The form at the left, the file at the right.
+- (void)layOut:(NSSize)size {
+  const CGFloat x = GalleryLargeMargin, width = kFormWidth - 2 * GalleryLargeMargin;
+  CGFloat y = GalleryMargin + 2;
+  for (FormField *field in _fields) {
+    [field setFrame:NSMakeRect(x, y, width, [FormField height])];
+    y += [FormField height] + kRowGap;
+  }
+  [_zoomTitle setFrameOrigin:NSMakePoint(x - 2, y)];
+  [_zoomText setFrame:NSMakeRect(x + width - 80, y, 82, NSHeight([_zoomTitle frame]))];
+  y += 18;
+  [_zoom setFrame:NSMakeRect(x, y, width, 22)];
+  y += 22 + kRowGap;
+  [_backup setFrame:NSMakeRect(x, y, width, 22)];
+  y += 22 + kRowGap;
+  [_mark setFrame:NSMakeRect(x - 2, y, width, 20)];
+  y += 24;
+  const CGFloat buttonWidth = floor((width - 2 * GallerySmallMargin) / 3);
+  for (NSUInteger i = 0; i < 3; ++i) {
+    [[_buttons objectAtIndex:i]
+        setFrame:NSMakeRect(x + i * (buttonWidth + GallerySmallMargin), y, buttonWidth, 27)];
+  }
+  y += 27 + GallerySmallMargin;
+  [[_buttons objectAtIndex:3] setFrame:NSMakeRect(x, y, width, 27)];
+
+  const CGFloat right = kFormWidth, rightWidth = size.width - right - GalleryLargeMargin;
+  [_store setFrame:NSMakeRect(right, GalleryMargin + 2, 110, 26)];
+  [_filePath setFrame:NSMakeRect(right + 118, GalleryMargin + 6, rightWidth - 118, 18)];
+  const CGFloat top = GalleryMargin + 2 + 26 + GallerySmallMargin;
+  [_fileScroll setFrame:NSMakeRect(right, top, rightWidth,
+                                   std::max<CGFloat>(0, size.height - top - GalleryLargeMargin))];
 }
 
 - (NSView *)keyView {
-  return [_bound objectAtIndex:0];
+  return [[_fields objectAtIndex:0] control];
 }
 
 - (void)didShow {
-  _timer = [NSTimer scheduledTimerWithTimeInterval:0.3
+  [[_view window] setInitialFirstResponder:[self keyView]];
+  // Others may write the file, too.
+  _timer = [NSTimer scheduledTimerWithTimeInterval:kLookAtFile
                                             target:self
                                           selector:@selector(showFile)
                                           userInfo:nil
@@ -178,22 +271,27 @@ static NSDictionary *defaultValues() {
 }
 
 - (void)willHide {
+  [[_view window] setInitialFirstResponder:nil];
   [_timer invalidate];
   _timer = nil;
 }
 
-- (void)fillSettings:(GallerySettings *)settings {
-  [settings addColumn:@"Store"];
-  [settings addPopUp:@"File"
-              titles:@[ @"At home", @"At work" ]
-            selected:0
-             changed:[self](NSInteger index) {
-               [_controller setPropertyList:_stores[index]];
-               [self showState];
-             }];
-  [settings addButton:@"Set zoom to 150 in the program"
-              pressed:[self] { [[_controller values] setObject:@150 forKey:@"zoom"]; }];
+- (void)zoomFromProgram:(id)sender {
+  (void)sender;
+  [[_controller values] setObject:@150 forKey:@"zoom"];
 }
+
+- (void)chooseStore:(id)sender {
+  [_controller setPropertyList:[_stores objectAtIndex:[sender indexOfSelectedItem]]];
+  [self showState];
+}
+
+// What is typed counts at once: a bound field passes on what its cell holds.
+- (void)controlTextDidChange:(NSNotification *)notification {
+  [[notification object] validateEditing];
+}
+
+#pragma mark What is shown
 
 - (void)observeValueForKeyPath:(NSString *)keyPath
                       ofObject:(id)object
@@ -203,24 +301,33 @@ static NSDictionary *defaultValues() {
   [self showState];
 }
 
+- (void)focusMayHaveMoved {
+  for (FormField *field in _fields) [field updateFocus];
+}
+
 - (void)showState {
-  [_unsaved setHidden:![_controller hasUnsavedChanges]];
-  [_canvas setNeedsDisplay:YES];
+  const BOOL unsaved = [_controller hasUnsavedChanges];
+  [_mark setTextColor:unsaved ? GalleryWarningColor() : GalleryQuietTextColor()];
+  [_mark setStringValue:unsaved ? @"● Unsaved changes" : @"Everything is saved"];
+  [_view setNeedsDisplay:YES];
   [self showFile];
-  [self changed];
+  [self setMessage:unsaved ? @"Save writes what differs from the defaults; Revert reads the file."
+                           : @"The file holds what differs from the defaults."
+           warning:NO];
 }
 
 - (NSString *)textOfFile {
-  NSString *text = [NSString stringWithContentsOfFile:[[_controller propertyList] path]
-                                             encoding:NSUTF8StringEncoding
-                                                error:NULL];
-  return text ?: @"There is no file yet.";
+  NSString *path = [[_controller propertyList] path];
+  NSData *data = [NSData dataWithContentsOfFile:path];
+  if (!data) return @"There is no file yet.";
+  NSString *text = [[[NSString alloc] initWithData:data
+                                          encoding:NSUTF8StringEncoding] autorelease];
+  return text ?: @"The file is not text.";
 }
 
-// The file can be changed by others, too.
 - (void)showFile {
-  NSString *text = [self textOfFile];
   [_filePath setStringValue:[[[_controller propertyList] path] stringByAbbreviatingWithTildeInPath]];
+  NSString *text = [self textOfFile];
   if ([text isEqualToString:_shownText]) return;
   [_shownText release];
   _shownText = [text copy];
@@ -234,18 +341,29 @@ static NSDictionary *defaultValues() {
   for (NSString *key in defaultValues()) {
     [lines addObject:[NSString stringWithFormat:@"value.%@=%@", key, [values objectForKey:key]]];
   }
-  NSArray *names = @[ @"author", @"folder", @"zoom", @"backup" ];
-  for (NSUInteger i = 0; i < [names count]; ++i) {
-    NSControl *control = [_bound objectAtIndex:i];
-    [lines addObject:GalleryStatusLine(
-                         [@"control." stringByAppendingString:[names objectAtIndex:i]], control,
-                         [control bounds], @"")];
+  NSString *focus = @"";
+  for (FormField *field in _fields) {
+    [lines addObjectsFromArray:[field statusLines]];
+    if ([field isFocused]) focus = [field name];
   }
-  [lines addObject:GalleryStatusLine(@"save", _save, [_save bounds], @"")];
-  [lines addObject:[NSString stringWithFormat:@"unsaved=%d", [_controller hasUnsavedChanges]]];
-  [lines addObject:[NSString stringWithFormat:@"canSave=%d", [_save isEnabled]]];
-  [lines addObject:[@"file=" stringByAppendingString:[self textOfFile]]];
-  [lines addObject:GalleryStatusLine(@"grid", _canvas, [_canvas bounds], @"")];
+  [lines addObject:[@"focus=" stringByAppendingString:focus]];
+  NSArray *names = @[ @"save", @"revert", @"defaults", @"program" ];
+  for (NSUInteger i = 0; i < [names count]; ++i) {
+    NSButton *button = [_buttons objectAtIndex:i];
+    [lines addObject:GalleryStatusLine(
+                         [@"rect." stringByAppendingString:[names objectAtIndex:i]], button,
+                         [button bounds], @"")];
+  }
+  for (NSView *view in @[ _zoom, _backup, _store ]) {
+    NSString *key = view == _zoom ? @"rect.zoom" : view == _backup ? @"rect.backup" : @"rect.store";
+    [lines addObject:GalleryStatusLine(key, view, [view bounds], @"")];
+  }
+  [lines addObject:[NSString stringWithFormat:@"zoomtext=%@", [_zoomText stringValue]]];
+  [lines addObject:[NSString stringWithFormat:@"mark=%@", [_mark stringValue]]];
+  [lines addObject:[NSString stringWithFormat:@"cansave=%d",
+                                              [[_buttons objectAtIndex:0] isEnabled]]];
+  [lines addObject:[@"path=" stringByAppendingString:[[_controller propertyList] path]]];
+  [lines addObject:[@"file=" stringByAppendingString:_shownText ?: @""]];
   return lines;
 }
 
