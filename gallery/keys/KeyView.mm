@@ -118,8 +118,8 @@ static NSString *nameOfKey(unichar key) {
   const CGFloat middle = NSMidY([self bounds]), width = NSWidth([self bounds]);
   if (_count == 0) {
     GalleryDrawText(focused ? @"Press any key" : @"Click here, then press keys",
-                    NSMakeRect(0, middle - 12, width, 24), GalleryFont(14),
-                    GalleryQuietTextColor(), NSCenterTextAlignment);
+                    NSMakeRect(0, middle - 12, width, 24), GalleryFont(14), GalleryQuietTextColor(),
+                    NSCenterTextAlignment);
     return;
   }
   GalleryDrawText(_lastKey, NSMakeRect(0, middle - 34, width, 36), GalleryBoldFont(26),

@@ -70,6 +70,7 @@ static const CGFloat kTitle = 22;
   _facts = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)] autorelease];
   [_facts setEditable:NO];
   [_facts setDrawsBackground:NO];
+  [_facts setVerticallyResizable:NO];
   [[_facts textContainer] setLineFragmentPadding:0];
   NSMutableArray *titles = [NSMutableArray array];
   for (NSString *title in @[ @"House colours", @"System fonts", @"An image in a rectangle" ]) {
@@ -85,16 +86,16 @@ static const CGFloat kTitle = 22;
 - (void)layOut:(NSSize)size {
   const CGFloat top = GalleryMargin;
   CGFloat x = GalleryLargeMargin;
-  [[_titles objectAtIndex:0] setFrameOrigin:NSMakePoint(x - 2, top)];
+  [[_titles objectAtIndex:0] setFrameOrigin:NSMakePoint(x, top)];
   [_colors setFrame:NSMakeRect(x, top + kTitle, kColumn, [ColorList height])];
   const CGFloat fonts = top + kTitle + [ColorList height] + GalleryMargin;
-  [[_titles objectAtIndex:1] setFrameOrigin:NSMakePoint(x - 2, fonts)];
+  [[_titles objectAtIndex:1] setFrameOrigin:NSMakePoint(x, fonts)];
   [_fonts setFrame:NSMakeRect(x, fonts + kTitle, kColumn, [FontList height])];
 
   x += kColumn + GalleryLargeMargin;
   const CGFloat side =
       std::clamp<CGFloat>(size.height - top - kTitle - GalleryLargeMargin, 60, 320);
-  [[_titles objectAtIndex:2] setFrameOrigin:NSMakePoint(x - 2, top)];
+  [[_titles objectAtIndex:2] setFrameOrigin:NSMakePoint(x, top)];
   [_image setFrame:NSMakeRect(x, top + kTitle, side, side)];
   x += side + 2 * GalleryLargeMargin;
   [_facts setFrame:NSMakeRect(x, top, std::max<CGFloat>(0, size.width - x - GalleryLargeMargin),
@@ -196,8 +197,8 @@ static const CGFloat kTitle = 22;
   [lines addObject:[NSString stringWithFormat:@"drawn=%g %g %g %g", NSMinX(drawn), NSMinY(drawn),
                                               NSWidth(drawn), NSHeight(drawn)]];
   [lines addObject:[NSString stringWithFormat:@"side=%g", NSWidth(whole)]];
-  [lines addObject:[NSString
-                       stringWithFormat:@"sounds=%lu", static_cast<unsigned long>([_sounds count])]];
+  [lines addObject:[NSString stringWithFormat:@"sounds=%lu",
+                                              static_cast<unsigned long>([_sounds count])]];
   [lines addObject:[@"facts=" stringByAppendingString:[_facts string]]];
   for (NSView *view in @[ _position, _scaled, _play ]) {
     NSString *key = view == _position ? @"rect.position"

@@ -17,6 +17,7 @@ static const NSSize kPanelSize = {260, 92};
 
 @interface KeysAndPanelsPage : GalleryPage {
   KeyView *_keys;
+  GalleryBox *_divider;
   EventLog *_log;
   OvMouseKeyPanel *_panel;
   NSButton *_panelButton;
@@ -52,7 +53,8 @@ static const NSSize kPanelSize = {260, 92};
 }
 
 + (NSString *)summary {
-  return @"A delegate that is asked which keys a view processes; a panel whose delegate comes first.";
+  return @"A delegate that is asked which keys a view processes; a panel whose delegate comes "
+         @"first.";
 }
 
 - (void)dealloc {
@@ -73,18 +75,19 @@ static const NSSize kPanelSize = {260, 92};
   _keys = [[[KeyView alloc] initWithChange:[self] { [self changed]; }] autorelease];
   [[_keys intercepter] setDelegate:static_cast<id>(self)];
   _log = [[[EventLog alloc] initWithTitle:@"What the delegates are asked"] autorelease];
-  [stage addSubview:_keys];
-  [stage addSubview:_log];
+  _divider = [GalleryBox boxWithFill:GalleryLineColor() border:nil];
+  for (NSView *view in @[ _keys, _divider, _log ]) [stage addSubview:view];
   return stage;
 }
 
 // The keys at the left, with room for the panel below them; the log at the right.
 - (void)layOut:(NSSize)size {
-  const CGFloat width = std::max<CGFloat>(0, size.width - kLogWidth);
+  const CGFloat width = std::max<CGFloat>(0, size.width - kLogWidth - 1);
   const CGFloat height = std::min(kKeyHeight, size.height - 2 * GalleryLargeMargin);
-  [_keys setFrame:NSMakeRect(GalleryLargeMargin, GalleryLargeMargin,
-                             width - 2 * GalleryLargeMargin, height)];
-  [_log setFrame:NSMakeRect(width, 0, kLogWidth, size.height)];
+  [_keys setFrame:NSMakeRect(GalleryLargeMargin, GalleryLargeMargin, width - 2 * GalleryLargeMargin,
+                             height)];
+  [_divider setFrame:NSMakeRect(width, 0, 1, size.height)];
+  [_log setFrame:NSMakeRect(width + 1, 0, kLogWidth, size.height)];
 }
 
 - (NSView *)keyView {
@@ -252,6 +255,8 @@ static const NSSize kPanelSize = {260, 92};
 - (NSArray *)statusLines {
   NSMutableArray *lines = [NSMutableArray arrayWithArray:[_log statusLines]];
   [lines addObject:GalleryStatusLine(@"rect.keyview", _keys, [_keys bounds], @"")];
+  [lines addObject:[NSString
+                       stringWithFormat:@"focused=%d", [[_keys window] firstResponder] == _keys]];
   [lines addObject:[@"lastkey=" stringByAppendingString:[_keys lastKey]]];
   [lines addObject:[NSString stringWithFormat:@"keycount=%d", [_keys count]]];
   [lines addObject:[NSString stringWithFormat:@"processed=%d", [_keys lastWasProcessed]]];
@@ -260,14 +265,18 @@ static const NSSize kPanelSize = {260, 92};
   [lines addObject:[NSString stringWithFormat:@"taken=%d", _taken]];
   [lines addObject:[NSString stringWithFormat:@"pressed=%d", _pressed]];
   if ([_panel isVisible]) {
-    [lines addObject:GalleryStatusLine(@"rect.panelbutton", _panelButton, [_panelButton bounds],
-                                       @"")];
+    [lines
+        addObject:GalleryStatusLine(@"rect.panelbutton", _panelButton, [_panelButton bounds], @"")];
   }
   for (NSUInteger i = 0; i < [_controls count]; ++i) {
     NSView *control = [_controls objectAtIndex:i];
     [lines addObject:GalleryStatusLine(
                          [@"rect." stringByAppendingString:[_controlNames objectAtIndex:i]],
                          control, [control bounds], @"")];
+    if (![control isKindOfClass:[GalleryCheckBox class]]) continue;
+    [lines addObject:[NSString
+                         stringWithFormat:@"is%@=%d", [_controlNames objectAtIndex:i],
+                                          [static_cast<NSButton *>(control) state] == NSOnState]];
   }
   return lines;
 }

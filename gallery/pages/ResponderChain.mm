@@ -41,8 +41,8 @@ static NSString *const kWindowNames[] = {@"First window", @"Second window"};
   if (link == NSApp) return @"The application";
   for (NSUInteger i = 0; i < kResponders; ++i) {
     if (link != _responders[i]) continue;
-    return [NSString stringWithFormat:@"%@, order %ld", kNames[i],
-                                      static_cast<long>([_responders[i] ordering])];
+    return [NSString
+        stringWithFormat:@"%@, order %ld", kNames[i], static_cast<long>([_responders[i] ordering])];
   }
   return NSStringFromClass([link class]);
 }
@@ -177,11 +177,10 @@ static NSString *const kWindowNames[] = {@"First window", @"Second window"};
   GalleryStage *stage = [GalleryStage stageWithLayout:[self](NSSize size) { [self layOut:size]; }];
   _followed = [[FollowedView alloc] initWithFrame:NSMakeRect(30, 24, 160, 42)];
   for (int i = 0; i < 2; ++i) {
-    _windows[i] =
-        [[NSWindow alloc] initWithContentRect:NSMakeRect(60 + 260 * i, 60, 220, 90)
-                                    styleMask:NSTitledWindowMask
-                                      backing:NSBackingStoreBuffered
-                                        defer:YES];
+    _windows[i] = [[NSWindow alloc] initWithContentRect:NSMakeRect(60 + 260 * i, 60, 220, 90)
+                                              styleMask:NSTitledWindowMask
+                                                backing:NSBackingStoreBuffered
+                                                  defer:YES];
     [_windows[i] setReleasedWhenClosed:NO];
     [_windows[i] setTitle:kWindowNames[i]];
     _chains[i] = [[[ChainView alloc] initWithFrame:NSZeroRect] autorelease];
@@ -192,9 +191,10 @@ static NSString *const kWindowNames[] = {@"First window", @"Second window"};
   }
   [[_windows[0] contentView] addSubview:_followed];
   for (NSUInteger i = 0; i < kResponders; ++i) {
-    _responders[i] =
-        i < 2 ? [[HXDynamicResponder alloc] initWithWindow:_windows[0] ordering:kOrders[i]]
-              : [[HXViewDynamicResponder alloc] initWithView:_followed ordering:kOrders[i]];
+    _responders[i] = i < 2 ? [[HXDynamicResponder alloc] initWithWindow:_windows[0]
+                                                               ordering:kOrders[i]]
+                           : [[HXViewDynamicResponder alloc] initWithView:_followed
+                                                                 ordering:kOrders[i]];
   }
   [_responders[0] setEnabled:YES];
   [_responders[2] setEnabled:YES];
@@ -228,8 +228,8 @@ static NSString *const kWindowNames[] = {@"First window", @"Second window"};
 - (void)fillSettings:(GallerySettings *)settings {
   [settings addColumn:@"In the chain"];
   for (NSUInteger i = 0; i < kResponders; ++i) {
-    NSString *label = [NSString
-        stringWithFormat:@"%@, the %@", kNames[i], i < 2 ? @"first window's" : @"view's"];
+    NSString *label =
+        [NSString stringWithFormat:@"%@, the %@", kNames[i], i < 2 ? @"first window's" : @"view's"];
     NSButton *box = [settings addCheckBox:label
                                        on:[_responders[i] enabled]
                                   changed:[self, i](BOOL on) { [self setResponder:i enabled:on]; }];
@@ -308,8 +308,9 @@ static NSString *const kWindowNames[] = {@"First window", @"Second window"};
 - (NSArray *)statusLines {
   NSMutableArray *lines = [NSMutableArray array];
   for (int i = 0; i < 2; ++i) {
-    [lines addObject:[NSString stringWithFormat:@"chain.%d=%@", i,
-                                                [[_chains[i] names] componentsJoinedByString:@"|"]]];
+    [lines
+        addObject:[NSString stringWithFormat:@"chain.%d=%@", i,
+                                             [[_chains[i] names] componentsJoinedByString:@"|"]]];
   }
   for (NSUInteger i = 0; i < [_controls count]; ++i) {
     NSView *control = [_controls objectAtIndex:i];

@@ -70,7 +70,8 @@ static NSDictionary *defaultValues() {
 }
 
 + (NSString *)summary {
-  return @"Controls bound to a property list in a file, which keeps what differs from the defaults.";
+  return @"Controls bound to a property list in a file, which keeps what differs from the "
+         @"defaults.";
 }
 
 - (void)dealloc {
@@ -105,9 +106,8 @@ static NSDictionary *defaultValues() {
   [self makeFileView];
   for (NSView *field in _fields) [stage addSubview:field];
   for (NSView *button in _buttons) [stage addSubview:button];
-  for (NSView *view in @[
-         _zoomTitle, _zoomText, _zoom, _backup, _mark, _store, _filePath, _fileScroll
-       ]) {
+  for (NSView *view in
+       @[ _zoomTitle, _zoomText, _zoom, _backup, _mark, _store, _filePath, _fileScroll ]) {
     [stage addSubview:view];
   }
   [self linkKeyViews];
@@ -230,14 +230,14 @@ static NSDictionary *defaultValues() {
     [field setFrame:NSMakeRect(x, y, width, [FormField height])];
     y += [FormField height] + kRowGap;
   }
-  [_zoomTitle setFrameOrigin:NSMakePoint(x - 2, y)];
-  [_zoomText setFrame:NSMakeRect(x + width - 80, y, 82, NSHeight([_zoomTitle frame]))];
+  [_zoomTitle setFrameOrigin:NSMakePoint(x, y)];
+  [_zoomText setFrame:NSMakeRect(x + width - 80, y, 80, NSHeight([_zoomTitle frame]))];
   y += 18;
   [_zoom setFrame:NSMakeRect(x, y, width, 22)];
   y += 22 + kRowGap;
   [_backup setFrame:NSMakeRect(x, y, width, 22)];
   y += 22 + kRowGap;
-  [_mark setFrame:NSMakeRect(x - 2, y, width, 20)];
+  [_mark setFrame:NSMakeRect(x, y, width, 20)];
   y += 24;
   const CGFloat buttonWidth = floor((width - 2 * GallerySmallMargin) / 3);
   for (NSUInteger i = 0; i < 3; ++i) {
@@ -320,13 +320,13 @@ static NSDictionary *defaultValues() {
   NSString *path = [[_controller propertyList] path];
   NSData *data = [NSData dataWithContentsOfFile:path];
   if (!data) return @"There is no file yet.";
-  NSString *text = [[[NSString alloc] initWithData:data
-                                          encoding:NSUTF8StringEncoding] autorelease];
+  NSString *text = [[[NSString alloc] initWithData:data encoding:NSUTF8StringEncoding] autorelease];
   return text ?: @"The file is not text.";
 }
 
 - (void)showFile {
-  [_filePath setStringValue:[[[_controller propertyList] path] stringByAbbreviatingWithTildeInPath]];
+  [_filePath
+      setStringValue:[[[_controller propertyList] path] stringByAbbreviatingWithTildeInPath]];
   NSString *text = [self textOfFile];
   if ([text isEqualToString:_shownText]) return;
   [_shownText release];
@@ -350,9 +350,8 @@ static NSDictionary *defaultValues() {
   NSArray *names = @[ @"save", @"revert", @"defaults", @"program" ];
   for (NSUInteger i = 0; i < [names count]; ++i) {
     NSButton *button = [_buttons objectAtIndex:i];
-    [lines addObject:GalleryStatusLine(
-                         [@"rect." stringByAppendingString:[names objectAtIndex:i]], button,
-                         [button bounds], @"")];
+    [lines addObject:GalleryStatusLine([@"rect." stringByAppendingString:[names objectAtIndex:i]],
+                                       button, [button bounds], @"")];
   }
   for (NSView *view in @[ _zoom, _backup, _store ]) {
     NSString *key = view == _zoom ? @"rect.zoom" : view == _backup ? @"rect.backup" : @"rect.store";
@@ -360,8 +359,8 @@ static NSDictionary *defaultValues() {
   }
   [lines addObject:[NSString stringWithFormat:@"zoomtext=%@", [_zoomText stringValue]]];
   [lines addObject:[NSString stringWithFormat:@"mark=%@", [_mark stringValue]]];
-  [lines addObject:[NSString stringWithFormat:@"cansave=%d",
-                                              [[_buttons objectAtIndex:0] isEnabled]]];
+  [lines
+      addObject:[NSString stringWithFormat:@"cansave=%d", [[_buttons objectAtIndex:0] isEnabled]]];
   [lines addObject:[@"path=" stringByAppendingString:[[_controller propertyList] path]]];
   [lines addObject:[@"file=" stringByAppendingString:_shownText ?: @""]];
   return lines;

@@ -65,10 +65,10 @@ static const CGFloat kTrashHeight = 56;
   _rows = [[NSMutableArray alloc] init];
   _tree = [[NSMutableDictionary alloc] init];
   [self fillRows];
-  _table = [[[OvTableView alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)] autorelease];
+  _table = [[[GalleryTable alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)] autorelease];
   [_table addTableColumn:GalleryTableColumn(@"Town", 240)];
   [_table addTableColumn:GalleryTableColumn(@"Height", 100)];
-  _outline = [[[NSOutlineView alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)] autorelease];
+  _outline = [[[GalleryOutline alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)] autorelease];
   [_outline addTableColumn:GalleryTableColumn(@"Instrument", 240)];
   [_outline setOutlineTableColumn:[[_outline tableColumns] objectAtIndex:0]];
   for (NSTableView *table in @[ _table, _outline ]) {
@@ -87,8 +87,8 @@ static const CGFloat kTrashHeight = 56;
 - (void)layOut:(NSSize)size {
   const CGFloat gap = GalleryLargeMargin;
   const CGFloat width = floor((size.width - 3 * gap) / 2);
-  const CGFloat height = std::max<CGFloat>(
-      0, size.height - GalleryLargeMargin - 2 * GalleryMargin - kTrashHeight);
+  const CGFloat height =
+      std::max<CGFloat>(0, size.height - GalleryLargeMargin - 2 * GalleryMargin - kTrashHeight);
   [[_table enclosingScrollView] setFrame:NSMakeRect(gap, GalleryLargeMargin, width, height)];
   [[_outline enclosingScrollView]
       setFrame:NSMakeRect(2 * gap + width, GalleryLargeMargin, width, height)];
@@ -122,7 +122,10 @@ static const CGFloat kTrashHeight = 56;
   [settings addColumn:@"Trash"];
   _closed = [settings addCheckBox:@"The trash is closed"
                                on:NO
-                          changed:[self](BOOL on) { [_trash setRefuses:on]; }];
+                          changed:[self](BOOL on) {
+                            [_trash setRefuses:on];
+                            [self changed];
+                          }];
   _bringBack = [settings addButton:@"Bring all rows back" pressed:[self] { [self bringBack:nil]; }];
 }
 
@@ -194,9 +197,9 @@ static const CGFloat kTrashHeight = 56;
 }
 
 static NSString *nameOrCount(NSArray *names) {
-  return [names count] == 1 ? [names lastObject]
-                            : [NSString stringWithFormat:@"%lu rows",
-                                                         static_cast<unsigned long>([names count])];
+  return [names count] == 1
+             ? [names lastObject]
+             : [NSString stringWithFormat:@"%lu rows", static_cast<unsigned long>([names count])];
 }
 
 - (NSArray *)selectedRows {
@@ -372,15 +375,16 @@ static NSString *nameOrCount(NSArray *names) {
                                        [_outline rectOfRow:i], @"")];
   }
   [lines addObject:[@"instruments=" stringByAppendingString:[names componentsJoinedByString:@","]]];
-  [lines addObject:[@"choseninstruments="
-                       stringByAppendingString:[[_outline selectedItems]
-                                                   componentsJoinedByString:@","]]];
+  [lines
+      addObject:[@"choseninstruments=" stringByAppendingString:[[_outline selectedItems]
+                                                                   componentsJoinedByString:@","]]];
   for (NSView *view in @[ _trash, _closed, _bringBack ]) {
     NSString *key = view == _trash    ? @"rect.trash"
                     : view == _closed ? @"rect.closed"
                                       : @"rect.bringback";
     [lines addObject:GalleryStatusLine(key, view, [view bounds], @"")];
   }
+  [lines addObject:[NSString stringWithFormat:@"isclosed=%d", [_closed state] == NSOnState]];
   NSScrollView *scroll = [_table enclosingScrollView];
   [lines addObject:GalleryStatusLine(@"rect.table", scroll, [scroll bounds], @"")];
   return lines;

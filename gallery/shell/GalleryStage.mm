@@ -3,8 +3,8 @@
 @implementation GalleryStage
 
 + (GalleryStage *)stageWithLayout:(std::function<void(NSSize)>)layOut {
-  GalleryStage *stage =
-      static_cast<GalleryStage *>([self boxWithFill:GalleryPanelColor() border:nil]);
+  GalleryStage *stage = static_cast<GalleryStage *>([self boxWithFill:GalleryPanelColor()
+                                                               border:nil]);
   stage->_layOut = std::move(layOut);
   return stage;
 }

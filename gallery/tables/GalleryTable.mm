@@ -42,12 +42,44 @@
 
 - (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView *)view {
   (void)view;
-  const BOOL selected = [self isHighlighted];
   [NSGraphicsContext saveGraphicsState];
   NSRectClip(frame);
   GalleryDrawText([self stringValue], NSInsetRect(frame, 4, 0), GalleryFont(12),
-                  selected ? GalleryAccentColor() : GalleryTextColor(), NSLeftTextAlignment);
+                  GalleryTextColor(), NSLeftTextAlignment);
   [NSGraphicsContext restoreGraphicsState];
+}
+
+@end
+
+static void drawSelectedRows(NSTableView *table, NSRect rect) {
+  [GalleryColor(0xDCE8FB) set];
+  NSIndexSet *rows = [table selectedRowIndexes];
+  for (NSUInteger row = [rows firstIndex]; row != NSNotFound;
+       row = [rows indexGreaterThanIndex:row]) {
+    NSRectFill(NSIntersectionRect([table rectOfRow:static_cast<NSInteger>(row)], rect));
+  }
+}
+
+@implementation GalleryTable
+
+- (void)highlightSelectionInClipRect:(NSRect)rect {
+  drawSelectedRows(self, rect);
+}
+
+@end
+
+@implementation GalleryOutline
+
+- (void)highlightSelectionInClipRect:(NSRect)rect {
+  drawSelectedRows(self, rect);
+}
+
+- (NSRect)frameOfOutlineCellAtRow:(NSInteger)row {
+  static const CGFloat kTriangle = 10;
+  NSRect frame = [super frameOfOutlineCellAtRow:row];
+  frame.origin.x += 3;
+  frame.origin.y += floor(([self rowHeight] - kTriangle) / 2);
+  return frame;
 }
 
 @end
@@ -73,6 +105,7 @@ NSScrollView *GalleryTableScrollView(NSTableView *table) {
   [table setAllowsMultipleSelection:YES];
   [table setAllowsColumnReordering:NO];
   [table setCornerView:nil];
+  [table setVerticalMotionCanBeginDrag:YES];
   [scroll setDocumentView:table];
   return scroll;
 }
