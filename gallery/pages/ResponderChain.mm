@@ -245,11 +245,14 @@ static NSString *const kWindowNames[] = {@"First window", @"Second window"};
                                   [self chainChanged:@"Equal orders: who came last stands first."];
                                 }];
   [self control:order named:@"order"];
-  NSPopUpButton *place = [settings addPopUp:@"The view is"
-                                     titles:@[ @"in the first", @"in the second", @"nowhere" ]
-                                   selected:0
-                                    changed:[self](NSInteger index) { [self moveViewTo:index]; }];
-  [self control:place named:@"place"];
+  NSArray *places = @[ @"View to the first window", @"View to the second", @"View out of both" ];
+  for (NSUInteger i = 0; i < [places count]; ++i) {
+    NSButton *button =
+        [settings addButton:[places objectAtIndex:i]
+                    pressed:[self, i] { [self moveViewTo:static_cast<NSInteger>(i)]; }];
+    [self control:button
+            named:[NSString stringWithFormat:@"place%lu", static_cast<unsigned long>(i)]];
+  }
   [settings addButton:@"Show the two windows"
               pressed:[self] {
                 for (NSWindow *window : _windows) [window orderFront:nil];

@@ -42,7 +42,7 @@ static NSDictionary *defaultValues() {
   NSButton *_backup;
   NSTextField *_mark;
   NSArray *_buttons;
-  NSPopUpButton *_store;
+  NSButton *_store;
   NSTextField *_filePath;
   NSScrollView *_fileScroll;
   NSTextView *_fileText;
@@ -185,8 +185,8 @@ static NSDictionary *defaultValues() {
 }
 
 - (void)makeFileView {
-  _store = [[[GalleryPopUp alloc] initWithFrame:NSZeroRect pullsDown:NO] autorelease];
-  [_store addItemsWithTitles:@[ @"At home", @"At work" ]];
+  _store = [[[GalleryButton alloc] initWithFrame:NSZeroRect] autorelease];
+  [_store setTitle:@"The other file"];
   [_store setFont:GalleryFont(12)];
   [_store setTarget:self];
   [_store setAction:@selector(chooseStore:)];
@@ -282,7 +282,9 @@ static NSDictionary *defaultValues() {
 }
 
 - (void)chooseStore:(id)sender {
-  [_controller setPropertyList:[_stores objectAtIndex:[sender indexOfSelectedItem]]];
+  (void)sender;
+  const NSUInteger now = [_stores indexOfObjectIdenticalTo:[_controller propertyList]];
+  [_controller setPropertyList:[_stores objectAtIndex:1 - now]];
   [self showState];
 }
 

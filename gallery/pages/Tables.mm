@@ -115,7 +115,8 @@ static const CGFloat kTrashHeight = 56;
 }
 
 - (void)didShow {
-  [self setMessage:@"Right-click a row for its menu, or drag rows to the trash." warning:NO];
+  [self setMessage:@"Right-click a row for its menu; select rows, and drag them to the trash."
+           warning:NO];
 }
 
 - (void)fillSettings:(GallerySettings *)settings {

@@ -44,8 +44,8 @@
   (void)view;
   [NSGraphicsContext saveGraphicsState];
   NSRectClip(frame);
-  GalleryDrawText([self stringValue], NSInsetRect(frame, 4, 0), GalleryFont(12),
-                  GalleryTextColor(), NSLeftTextAlignment);
+  GalleryDrawText([self stringValue], NSInsetRect(frame, 4, 0), GalleryFont(12), GalleryTextColor(),
+                  NSLeftTextAlignment);
   [NSGraphicsContext restoreGraphicsState];
 }
 

@@ -73,11 +73,6 @@ class GalleryJourney : public LiveTest {
   // has just come up may do no more than bring it to the front.
   bool clickUntil(const std::string &rectName, const std::string &what,
                   const std::function<bool(const GalleryState &)> &is);
-  // Opens a pop-up button's list, which has the present choice over the button, goes some items
-  // down, or up, with the button held, and lets go there; again and again until the state is as
-  // described.
-  bool chooseInPopUp(const std::string &rectName, int items, const std::string &what,
-                     const std::function<bool(const GalleryState &)> &is);
   // Puts the text on the general pasteboard and presses the keys for Select All and Paste, again
   // if the state is not as described: every program of the machine shares that pasteboard.
   bool pasteOverAll(NSString *text, const std::string &what,

@@ -243,23 +243,6 @@ bool GalleryJourney::clickUntil(const std::string &rectName, const std::string &
   return waitFor(what, is);
 }
 
-bool GalleryJourney::chooseInPopUp(const std::string &rectName, int items, const std::string &what,
-                                   const std::function<bool(const GalleryState &)> &is) {
-  for (int i = 0; i < 8; ++i) {
-    const ScreenRect rect = state().rect(rectName);
-    const int x = rect.midX(), y = rect.midY();
-    xtest::movePointer(x, y);
-    xtest::pressButton();
-    pumpUntil([] { return false; }, kNudgeInterval);
-    glide(x, y, x, y + items * rect.height);
-    pumpUntil([] { return false; }, kNudgeInterval);
-    xtest::releaseButton();
-    nudgePointer();
-    if (pumpUntil([&] { return is(state()); }, 2)) return true;
-  }
-  return waitFor(what, is);
-}
-
 bool GalleryJourney::pasteOverAll(NSString *text, const std::string &what,
                                   const std::function<bool(const GalleryState &)> &is) {
   for (int i = 0; i < 4; ++i) {

@@ -131,8 +131,8 @@ TEST_F(SettingsJourney, EditsGoAlongToAnotherStore) {
   ASSERT_TRUE(replaceText("author", "Grace"));
   ASSERT_TRUE(save());
   const std::string home = state().value("path");
-  ASSERT_TRUE(chooseInPopUp("store", 1, "the other store",
-                            [&](const GalleryState &s) { return s.value("path") != home; }));
+  ASSERT_TRUE(clickUntil("store", "the other store",
+                         [&](const GalleryState &s) { return s.value("path") != home; }));
   EXPECT_EQ(state().value("text.author"), "Grace");
   ASSERT_TRUE(waitForUnsaved(true));
   EXPECT_EQ(state().value("file"), "There is no file yet.");
