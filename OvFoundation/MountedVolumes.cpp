@@ -85,6 +85,8 @@ int unmount(int mountID) {
   const std::vector<Mount> mounts = currentMounts();
   const Mount *mount = mountID > 0 ? mountWithID(mounts, mountID) : nullptr;
   if (!mount) return ENODEV;
+  // The system would not unmount the root but forbid writing to it.
+  if (mount->point == "/") return EBUSY;
   // The system unmounts what is uppermost at a place, which may be another volume.
   const Mount *uppermost = mountCovering(mounts, mount->point);
   if (!uppermost || uppermost->id != mountID) return EBUSY;

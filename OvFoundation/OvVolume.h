@@ -10,8 +10,8 @@ typedef int OvVolumeRef;
     which lets users unmount what they mounted themselves. Waits until it is done.
 
     0 when the volume is no longer mounted, otherwise an errno: ENODEV when there is
-    no such volume (any more), EBUSY when it is in use or another volume lies over it,
-    EPERM when the user may not. */
+    no such volume (any more), EBUSY when it is in use, is the one at "/", or
+    another volume lies over it, EPERM when the user may not. */
 OV_EXPORT int OvUnmountVolume(OvVolumeRef volume);
 
 /** For tests: text in the form of /proc/self/mountinfo that stands for the system's

@@ -50,11 +50,9 @@
 }
 
 - (void)setEnabled:(BOOL)flag {
-  // Any value but NO means YES.
-  const BOOL enabled = flag ? YES : NO;
-  if (enabled == _enabled) return;
-  _enabled = enabled;
-  if (enabled) {
+  if (flag == _enabled) return;
+  _enabled = flag;
+  if (flag) {
     [_window _addDynamicResponder:self];
   } else {
     [_window _removeDynamicResponder:self];

@@ -27,9 +27,10 @@
     is the origin, except that y at position 2 is not, deliberately: the image touches the max y
     edge. A stretched image fills `rect` as it is.
 
-    Nothing is drawn, and the answer has an empty size, where the image or the rectangle has no
-    area; it is the zero rectangle where a number is not finite, or becomes too large. `operation`
-    and `fraction` (0 transparent, 1 opaque) are those of `drawInRect:fromRect:…`. */
+    Nothing is drawn where the image or the answer has no area; for the factor, a side of the image
+    without length does not count. The answer is the zero rectangle, and nothing is drawn, where a
+    number is not finite or becomes too large. `operation` and `fraction` (0 transparent, 1
+    opaque) are those of `drawInRect:fromRect:…`. Without focus there is only the answer. */
 - (NSRect)drawInRect:(NSRect)rect
           atPosition:(int)position
               scaled:(BOOL)scaled

@@ -1,5 +1,7 @@
 #import <OvAppKit/NSImage+OvAppKit.h>
 
+#include <bit>
+
 #include "extensions/ImagePlacement.h"
 #import "platform/ImageDrawing.h"
 #include "support/GeometryBridge.h"
@@ -40,8 +42,10 @@ NSSet *fileTypes(bool quoted) {
               scaled:(BOOL)scaled
            operation:(NSCompositingOperation)operation
             fraction:(float)fraction {
+  // A host may pass any byte as a BOOL, and only one of them means "scaled".
+  const bool scales = std::bit_cast<unsigned char>(scaled) == 1;
   const NSRect destination = ov::toNS(
-      ov::placeImage(ov::fromNS([self size]), ov::fromNS(rect), positionOf(position), scaled == 1));
+      ov::placeImage(ov::fromNS([self size]), ov::fromNS(rect), positionOf(position), scales));
   OvDrawWholeImage(self, destination, operation, fraction);
   return destination;
 }

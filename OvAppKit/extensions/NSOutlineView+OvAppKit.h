@@ -36,9 +36,7 @@
 
 /** As a table view's: passed on to the data source, where it has the method. */
 - (void)draggedImage:(NSImage *)image beganAt:(NSPoint)point;
-- (void)draggedImage:(NSImage *)image
-             endedAt:(NSPoint)point
-           operation:(NSDragOperation)operation;
+- (void)draggedImage:(NSImage *)image endedAt:(NSPoint)point operation:(NSDragOperation)operation;
 - (void)draggedImage:(NSImage *)image movedTo:(NSPoint)point;
 
 @end
@@ -56,15 +54,11 @@
 - (NSDragOperation)outlineView:(NSOutlineView *)outline
     draggingSourceOperationMaskForLocal:(BOOL)isLocal;
 
-- (void)outlineView:(NSOutlineView *)outline
-       draggedImage:(NSImage *)image
-            beganAt:(NSPoint)point;
+- (void)outlineView:(NSOutlineView *)outline draggedImage:(NSImage *)image beganAt:(NSPoint)point;
 - (void)outlineView:(NSOutlineView *)outline
        draggedImage:(NSImage *)image
             endedAt:(NSPoint)point
           operation:(NSDragOperation)operation;
-- (void)outlineView:(NSOutlineView *)outline
-       draggedImage:(NSImage *)image
-            movedTo:(NSPoint)point;
+- (void)outlineView:(NSOutlineView *)outline draggedImage:(NSImage *)image movedTo:(NSPoint)point;
 
 @end

@@ -62,7 +62,6 @@
 }
 
 - (NSDragOperation)draggingSourceOperationMaskForLocal:(BOOL)isLocal {
-  OvWatchDrags();
   id source = [self dataSource];
   if ([source respondsToSelector:@selector(outlineView:draggingSourceOperationMaskForLocal:)]) {
     return [source outlineView:self draggingSourceOperationMaskForLocal:isLocal];
@@ -71,6 +70,8 @@
 }
 
 - (void)draggedImage:(NSImage *)image beganAt:(NSPoint)point {
+  // The first message of a drag.
+  OvWatchDrags();
   id source = [self dataSource];
   if (![source respondsToSelector:@selector(outlineView:draggedImage:beganAt:)]) return;
   [source outlineView:self draggedImage:image beganAt:point];

@@ -44,9 +44,7 @@
     are on the screen. `operation` is 0 (none) after a drop that nobody took, although the
     platform reports another. */
 - (void)draggedImage:(NSImage *)image beganAt:(NSPoint)point;
-- (void)draggedImage:(NSImage *)image
-             endedAt:(NSPoint)point
-           operation:(NSDragOperation)operation;
+- (void)draggedImage:(NSImage *)image endedAt:(NSPoint)point operation:(NSDragOperation)operation;
 - (void)draggedImage:(NSImage *)image movedTo:(NSPoint)point;
 
 @end
@@ -61,8 +59,7 @@
                           row:(NSInteger)row;
 
 /** What may be done with rows that are dragged. */
-- (NSDragOperation)tableView:(NSTableView *)table
-    draggingSourceOperationMaskForLocal:(BOOL)isLocal;
+- (NSDragOperation)tableView:(NSTableView *)table draggingSourceOperationMaskForLocal:(BOOL)isLocal;
 
 - (void)tableView:(NSTableView *)table draggedImage:(NSImage *)image beganAt:(NSPoint)point;
 - (void)tableView:(NSTableView *)table

@@ -32,7 +32,6 @@
 }
 
 - (NSDragOperation)draggingSourceOperationMaskForLocal:(BOOL)isLocal {
-  OvWatchDrags();
   id source = [self dataSource];
   if ([source respondsToSelector:@selector(tableView:draggingSourceOperationMaskForLocal:)]) {
     return [source tableView:self draggingSourceOperationMaskForLocal:isLocal];
@@ -41,6 +40,8 @@
 }
 
 - (void)draggedImage:(NSImage *)image beganAt:(NSPoint)point {
+  // The first message of a drag.
+  OvWatchDrags();
   id source = [self dataSource];
   if (![source respondsToSelector:@selector(tableView:draggedImage:beganAt:)]) return;
   [source tableView:self draggedImage:image beganAt:point];

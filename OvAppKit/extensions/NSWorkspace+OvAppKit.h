@@ -32,8 +32,8 @@
 
     A device is named by its mount point. A volume of another machine is named by any path on
     it, links followed, as `-[NSFileManager volumeRefWithPath:]` finds it: the whole volume is
-    unmounted, for everyone. What holds the root folder is never unmounted, whatever the path.
-    nil, an empty path, one with a NUL and one where nothing is name no volume. */
+    unmounted, for everyone. What is mounted at "/" is never unmounted, whatever the path. nil, an
+    empty path, one with a NUL and one where nothing is name no volume; the answers are NO. */
 @interface NSWorkspace (HXAppKitExtensions)
 
 /** NO for what is not a file URL, otherwise the answer for its path. */
@@ -47,9 +47,10 @@
 - (BOOL)isUnmountableDeviceOrNetworkVolumeAtPath:(NSString *)path;
 
 /** Waits until it is done. A device is ejected by `unmountAndEjectDeviceAtPath:`, whose answer
-    is returned; a volume of another machine by `OvUnmountVolume()`, YES when it is gone. When
-    it is not, one line in the log has the errno:
-    "FAILED: FSUnmountVolumeSync(); Error Code: %d". NO for every other volume. */
+    is returned, and which posts the platform's notifications. A volume of another machine is
+    unmounted by `OvUnmountVolume()`, without a notification: YES when it is gone. When it is
+    not, one line in the log has the errno: "FAILED: FSUnmountVolumeSync(); Error Code: %d". NO
+    for every other volume. */
 - (BOOL)unmountAndEjectDeviceOrNetworkVolumeAtPath:(NSString *)path;
 
 @end

@@ -1,6 +1,7 @@
 #import <OvAppKit/NSWorkspace+OvAppKit.h>
 #import <OvFoundation/OvFoundation.h>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -30,8 +31,22 @@ bool canBeAPath(NSString *path) {
   return [path rangeOfString:end options:NSLiteralSearch].length == 0;
 }
 
+// nil for what is not a file URL. The platform ends a URL's path at an escaped NUL, too.
+NSString *filePath(NSURL *url) {
+  if (![url isFileURL]) return nil;
+  return [[url absoluteString] rangeOfString:@"%00"].length == 0 ? [url path] : nil;
+}
+
 // The platform looks paths up in this file, and does not look whether it is there.
 bool hasListOfMounts() { return access("/etc/mtab", R_OK) == 0; }
+
+// However it is spelt, or linked to.
+bool isRoot(NSString *path) {
+  struct stat place;
+  struct stat root;
+  return stat([path fileSystemRepresentation], &place) == 0 && stat("/", &root) == 0 &&
+         place.st_dev == root.st_dev && place.st_ino == root.st_ino;
+}
 
 // The platform knows of no volume here that it could unmount, only which devices are removable.
 // What it would be told to unmount has to be a mount point of its own, and "unmounting" the root
@@ -42,8 +57,7 @@ bool isEjectable(NSWorkspace *workspace, NSString *path) {
   BOOL unmountable = NO;
   NSString *description = nil;
   NSString *type = nil;
-  if (!canBeAPath(path) || [[path stringByStandardizingPath] isEqualToString:@"/"] ||
-      !hasListOfMounts() ||
+  if (!canBeAPath(path) || isRoot(path) || !hasListOfMounts() ||
       ![workspace getFileSystemInfoForPath:path
                                isRemovable:&removable
                                 isWritable:&writable
@@ -92,11 +106,11 @@ bool isEjectable(NSWorkspace *workspace, NSString *path) {
 @implementation NSWorkspace (HXAppKitExtensions)
 
 - (BOOL)isUnmountableDeviceOrNetworkVolumeAtURL:(NSURL *)url {
-  return [url isFileURL] && [self isUnmountableDeviceOrNetworkVolumeAtPath:[url path]];
+  return [self isUnmountableDeviceOrNetworkVolumeAtPath:filePath(url)];
 }
 
 - (BOOL)unmountAndEjectDeviceOrNetworkVolumeAtURL:(NSURL *)url {
-  return [url isFileURL] && [self unmountAndEjectDeviceOrNetworkVolumeAtPath:[url path]];
+  return [self unmountAndEjectDeviceOrNetworkVolumeAtPath:filePath(url)];
 }
 
 - (BOOL)isUnmountableDeviceOrNetworkVolumeAtPath:(NSString *)path {

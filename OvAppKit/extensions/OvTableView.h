@@ -26,9 +26,7 @@ OV_EXPORT NSString *const OvTableViewDidEndDraggingToTrashNotification;
     `NSDragOperationDelete` (32), and does nothing else: the data source does not hear of the
     end of the drag. A drop that nobody took, or that the view under it refused, is no deletion,
     although the platform reports it as one. */
-- (void)draggedImage:(NSImage *)image
-             endedAt:(NSPoint)point
-           operation:(NSDragOperation)operation;
+- (void)draggedImage:(NSImage *)image endedAt:(NSPoint)point operation:(NSDragOperation)operation;
 
 /** The delegate, which is not retained, becomes an observer of
     `OvTableViewDidEndDraggingToTrashNotification` if it has `tableViewDidEndDraggingToTrash:`;

@@ -25,7 +25,6 @@ static const ov::DelegateEvent kEvents[] = {
 
 - (NSDragOperation)draggingSourceOperationMaskForLocal:(BOOL)isLocal {
   (void)isLocal;
-  OvWatchDrags();
   return NSDragOperationDelete;
 }
 

@@ -7,8 +7,8 @@
 
 namespace {
 
-// Whether the last drop in a window of this program was performed.
-bool dropPerformed = false;
+// What became of the last drop in a window of this program.
+enum class Drop { unknown, refused, performed } lastDrop = Drop::unknown;
 
 // Who is asked to perform the drop that is being delivered, and its own way to do it.
 id performer = nil;
@@ -17,7 +17,7 @@ IMP ownPerform = nullptr;
 BOOL performDrop(id self, SEL selector, id<NSDraggingInfo> info) {
   const BOOL answer =
       ov::asFunction<BOOL(id, SEL, id<NSDraggingInfo>)>(ownPerform)(self, selector, info);
-  if (self == performer) dropPerformed = answer;
+  if (self == performer) lastDrop = answer ? Drop::performed : Drop::refused;
   return answer;
 }
 
@@ -37,17 +37,19 @@ SendLocalEvent *sendLocalEvent = nullptr;
 // The window keeps the answer to the drop to itself, so it is overheard where it is given.
 void overhear(id self, SEL selector, GSAppKitSubtype subtype, NSDragOperation action, NSPoint point,
               NSTimeInterval time, NSWindow *window) {
-  if (subtype != GSAppKitDraggingDrop || ownPerform != nullptr) {
+  const bool drop = subtype == GSAppKitDraggingDrop;
+  // One drop at a time: that of a drag which another drop began is believed.
+  if (drop) lastDrop = ownPerform == nullptr ? Drop::refused : Drop::unknown;
+  if (!drop || ownPerform != nullptr) {
     sendLocalEvent(self, selector, subtype, action, point, time, window);
     return;
   }
   const SEL perform = @selector(performDragOperation:);
-  dropPerformed = false;
   performer = [findPerformer(window, perform) retain];
   Method method = class_getInstanceMethod(object_getClass(performer), perform);
   if (method == nullptr) {
     // One that forwards the message cannot be overheard; it is believed.
-    dropPerformed = [performer respondsToSelector:perform];
+    if ([performer respondsToSelector:perform]) lastDrop = Drop::unknown;
   } else {
     ownPerform = method_setImplementation(method, ov::asMethod(performDrop));
   }
@@ -61,18 +63,13 @@ void overhear(id self, SEL selector, GSAppKitSubtype subtype, NSDragOperation ac
   }
 }
 
-bool install() {
+bool watch() {
   Method method = class_getInstanceMethod(
       [GSDragView class], @selector(_sendLocalEvent:action:position:timestamp:toWindow:));
   if (method == nullptr) return false;
   sendLocalEvent =
       ov::asFunction<SendLocalEvent>(method_setImplementation(method, ov::asMethod(overhear)));
   return true;
-}
-
-bool watching() {
-  static const bool installed = install();
-  return installed;
 }
 
 }  // namespace
@@ -87,12 +84,16 @@ bool watching() {
   if (!isDragging || dragSource != source) return operation;
   if (targetWindowRef == 0) return NSDragOperationNone;
   if (destExternal) return operation & ~static_cast<NSDragOperation>(NSDragOperationDelete);
-  return dropPerformed || !watching() ? operation : NSDragOperationNone;
+  if (lastDrop == Drop::refused) return NSDragOperationNone;
+  return operation;
 }
 
 @end
 
-void OvWatchDrags() { watching(); }
+void OvWatchDrags() {
+  static const bool watched = watch();
+  (void)watched;
+}
 
 NSDragOperation OvOutcomeOfDrag(id source, NSDragOperation operation) {
   if (operation == NSDragOperationNone) return operation;

@@ -1,6 +1,7 @@
 // Images drawn as AppKit draws them: upright in flipped views, too, where the platform's
 // `drawInRect:fromRect:operation:fraction:` turns them upside down; and not at all into an
-// empty rectangle, which the platform takes for the image's own size.
+// empty rectangle, which the platform takes for the image's own size, or without a graphics
+// context, which it takes for granted.
 
 #pragma once
 

@@ -26,10 +26,11 @@ NSDictionary *attributesOf(NSCell *cell) {
 
 NSAttributedString *overlaid(NSString *characters, NSDictionary *defaults,
                              NSAttributedString *attributes) {
-  NSMutableAttributedString *result =
-      [[[NSMutableAttributedString alloc] initWithString:characters
-                                              attributes:defaults] autorelease];
   const NSUInteger length = [characters length];
+  NSMutableAttributedString *result = [[[NSMutableAttributedString alloc] init] autorelease];
+  // Made of a string it would lose half a surrogate pair, and all the rest.
+  [result replaceCharactersInRange:NSMakeRange(0, 0) withString:characters];
+  [result setAttributes:defaults range:NSMakeRange(0, length)];
   NSRange run = NSMakeRange(0, 0);
   for (NSUInteger at = 0; at < length; at = NSMaxRange(run)) {
     [result addAttributes:[attributes attributesAtIndex:at effectiveRange:&run] range:run];
@@ -118,16 +119,10 @@ void letRowsGrow() {
   [_characters getCharacters:buffer range:range];
 }
 
-// A copied title stays attributed.
+// A copied title stays attributed. Archives keep the characters, as of every string.
 - (id)copyWithZone:(NSZone *)zone {
   (void)zone;
   return [self retain];
-}
-
-// Archives keep the characters.
-- (id)replacementObjectForCoder:(NSCoder *)coder {
-  (void)coder;
-  return _characters;
 }
 
 @end

@@ -166,6 +166,21 @@ TEST_F(Volume, BuriedVolumeIsBusy) {
   EXPECT_EQ(EBUSY, OvUnmountVolume(2));
 }
 
+TEST_F(Volume, RootIsAlwaysBusy) {
+  for (NSString *type in @[ @"ext4", @"nfs" ]) {
+    OvSetMountTableText([NSString stringWithFormat:@"5 0 8:1 / / rw - %@ source rw\n", type]);
+    faultyCalls().unmount = [](auto &) {
+      ADD_FAILURE() << "nothing could be written any more";
+      return 0;
+    };
+    faultyCalls().spawn = [](auto &, auto &) {
+      ADD_FAILURE() << "nor may the program be asked";
+      return 0;
+    };
+    EXPECT_EQ(EBUSY, OvUnmountVolume(volume(path(""))));
+  }
+}
+
 TEST_F(Volume, UserIsHelpedByTheProgram) {
   mountShare("nfs");
   faultyCalls().unmount = [](auto &) { return EPERM; };

@@ -263,7 +263,9 @@ TEST_F(Outlines, ARealDrag) {
   EXPECT_EQ(place->performed, 1);
   EXPECT_EQ(host->calls.back(), "operation 16");
   EXPECT_TRUE(dragRows(outline, from,
-                       {{outline, NSMakePoint(700, 300)}, {outline, NSMakePoint(700, 300)}}));
+                       {{place, NSMakePoint(40, 90)},
+                        {outline, NSMakePoint(700, 300)},
+                        {outline, NSMakePoint(700, 300)}}));
   EXPECT_EQ(host->calls.back(), "operation 0");
 }
 

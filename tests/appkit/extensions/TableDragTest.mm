@@ -11,6 +11,26 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+/* Takes drops for a whole window. */
+@interface OvTestWindowTrash : NSObject {
+ @public
+  BOOL performs;
+  int performed;
+}
+@end
+
+@implementation OvTestWindowTrash
+- (NSDragOperation)draggingEntered:(id<NSDraggingInfo>)info {
+  (void)info;
+  return NSDragOperationDelete;
+}
+- (BOOL)performDragOperation:(id<NSDraggingInfo>)info {
+  (void)info;
+  ++performed;
+  return performs;
+}
+@end
+
 namespace {
 
 template <class Table>
@@ -102,7 +122,9 @@ TEST_F(TableDrags, ADropIsToldAsItWas) {
 }
 
 TEST_F(TableDrags, ADropOnNothingIsNone) {
-  EXPECT_TRUE(drag({outside(), outside()}));
+  host->mask = NSDragOperationMove;
+  trash->answer = NSDragOperationMove;
+  EXPECT_TRUE(drag({overTrash(), overTrash(60), outside(), outside()}));
   EXPECT_EQ(host->calls.back(), "operation 0");
   EXPECT_EQ(trash->performed, 0);
 }
@@ -230,6 +252,20 @@ TEST_F(TrashDrags, RowsOnATrashThatFails) {
   trash->performs = YES;
   EXPECT_TRUE(drag({overTrash(), overTrash(60)}));
   EXPECT_EQ([host countOf:"trash"], 1);
+}
+
+TEST_F(TrashDrags, AWindowsDelegateMayBeTheTrash) {
+  OvTestWindowTrash *delegate = [[[OvTestWindowTrash alloc] init] autorelease];
+  [window registerForDraggedTypes:@[ NSStringPboardType ]];
+  [window setDelegate:static_cast<id>(delegate)];
+  EXPECT_TRUE(drag({inWindow(), inWindow()}));
+  EXPECT_EQ(delegate->performed, 1);
+  EXPECT_EQ([host countOf:"trash"], 0);
+  delegate->performs = YES;
+  EXPECT_TRUE(drag({inWindow(), inWindow()}));
+  EXPECT_EQ(delegate->performed, 2);
+  EXPECT_EQ([host countOf:"trash"], 1);
+  [window setDelegate:nil];
 }
 
 TEST_F(TrashDrags, AnUnarchivedTableTellsItsDelegate) {

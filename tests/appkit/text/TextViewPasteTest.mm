@@ -102,6 +102,28 @@ TEST_F(TextViewPaste, ABigTextIsGoneThroughOnce) {
   EXPECT_EQ([[count.lastUserInfo() objectForKey:@"OvStrings"] count], 300000u);
 }
 
+// The platform's layout crashes for that much behind a text of a few characters.
+TEST_F(TextViewPaste, ALargeTextBehindAShortOneIsLaidOut) {
+  show(window);
+  for (NSUInteger lines : {12000, 400000}) {
+    [view setString:@"first\nsecond"];
+    [view display];
+    copyToPasteboard(repeated(@"\nA line of some characters", lines));
+    [view paste:nil];
+    [view display];
+    NSLayoutManager *layout = [view layoutManager];
+    const NSUInteger length = [[view string] length];
+    ASSERT_EQ(length, 12 + 26 * lines);
+    const NSUInteger last = [layout glyphRangeForCharacterRange:NSMakeRange(length - 1, 1)
+                                           actualCharacterRange:NULL]
+                                .location;
+    EXPECT_EQ([layout characterIndexForGlyphAtIndex:last], length - 1);
+    const CGFloat height = NSHeight([layout lineFragmentRectForGlyphAtIndex:0 effectiveRange:NULL]);
+    const NSRect end = [layout lineFragmentRectForGlyphAtIndex:last effectiveRange:NULL];
+    EXPECT_NEAR(NSMaxY(end) / height, lines + 2, 1) << "every line has its place";
+  }
+}
+
 TEST_F(TextViewPaste, AnEmptyStringIsTold) {
   copyToPasteboard(@"");
   [view paste:nil];

@@ -18,7 +18,7 @@ using testing::Optional;
 TEST(RectText, IsShortWhereItCanBe) {
   EXPECT_EQ(textOfRect({0, 0, 100, 50}), "{{0, 0}, {100, 50}}");
   EXPECT_EQ(textOfRect({1000000, 1000000, 120.5, 80}), "{{1000000, 1000000}, {120.5, 80}}");
-  EXPECT_EQ(textOfRect({-1.25, 0, 1, 123456789}), "{{-1.25, 0}, {1, 123456789}}");
+  EXPECT_EQ(textOfRect({-1.25, 0, 1, 12345678}), "{{-1.25, 0}, {1, 12345678}}");
 }
 
 TEST(RectText, OfWhatIsNoNumberIsZero) {
