@@ -38,7 +38,12 @@ NSString *filePath(NSURL *url) {
 }
 
 // The platform looks paths up in this file, and does not look whether it is there.
-bool hasListOfMounts() { return access("/etc/mtab", R_OK) == 0; }
+bool canAskAboutFileSystems(NSWorkspace *workspace) {
+  const SEL asking = @selector(getFileSystemInfoForPath:
+                                            isRemovable:isWritable:isUnmountable:description:type:);
+  return access("/etc/mtab", R_OK) == 0 ||
+         [workspace methodForSelector:asking] != [NSWorkspace instanceMethodForSelector:asking];
+}
 
 // However it is spelt, or linked to.
 bool isRoot(NSString *path) {
@@ -57,7 +62,7 @@ bool isEjectable(NSWorkspace *workspace, NSString *path) {
   BOOL unmountable = NO;
   NSString *description = nil;
   NSString *type = nil;
-  if (!canBeAPath(path) || isRoot(path) || !hasListOfMounts() ||
+  if (!canBeAPath(path) || isRoot(path) || !canAskAboutFileSystems(workspace) ||
       ![workspace getFileSystemInfoForPath:path
                                isRemovable:&removable
                                 isWritable:&writable
