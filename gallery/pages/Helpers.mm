@@ -3,6 +3,8 @@
 
 #import <OvAppKit/OvAppKit.h>
 
+#include <unistd.h>
+
 #include <algorithm>
 
 #import "helpers/HelperSamples.h"
@@ -126,7 +128,10 @@ static const CGFloat kTitle = 22;
   }
   [self append:@"" to:text bold:NO];
   [self append:@"Volumes" to:text bold:YES];
-  for (NSString *path in [workspace mountedLocalVolumePaths]) {
+  // The platform reads this file without looking whether it is there.
+  const bool hasMounts = access("/etc/mtab", R_OK) == 0;
+  NSArray *volumes = hasMounts ? [workspace mountedLocalVolumePaths] : @[ @"/" ];
+  for (NSString *path in volumes) {
     const BOOL ejectable = [workspace isUnmountableDeviceOrNetworkVolumeAtPath:path];
     [self append:ejectable ? [path stringByAppendingString:@" (can be ejected)"] : path
               to:text
