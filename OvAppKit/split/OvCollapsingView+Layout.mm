@@ -4,6 +4,7 @@
 #import <OvAppKit/OvTextField.h>
 
 #import "split/OvCollapsingView+Private.h"
+#include "support/Methods.h"
 #include "support/Retained.h"
 
 static const CGFloat kTriangleX = 12;
@@ -47,17 +48,14 @@ static NSImage *ownImage(NSString *name) {
 
 // The platform's way to hide a view, whatever the view's class makes of hiding.
 static void setHidden(NSView *view, BOOL flag) {
-  using Setter = void (*)(id, SEL, BOOL);
   const SEL selector = @selector(setHidden:);
-  const IMP method = [NSView instanceMethodForSelector:selector];
-  reinterpret_cast<Setter>(reinterpret_cast<void *>(method))(view, selector, flag);
+  ov::asFunction<void(id, SEL, BOOL)>([NSView instanceMethodForSelector:selector])(view, selector,
+                                                                                   flag);
 }
 
 static BOOL isHidden(NSView *view) {
-  using Getter = BOOL (*)(id, SEL);
   const SEL selector = @selector(isHidden);
-  const IMP method = [NSView instanceMethodForSelector:selector];
-  return reinterpret_cast<Getter>(reinterpret_cast<void *>(method))(view, selector);
+  return ov::asFunction<BOOL(id, SEL)>([NSView instanceMethodForSelector:selector])(view, selector);
 }
 
 @implementation OvCollapsingView (OvCollapsingViewLayout)

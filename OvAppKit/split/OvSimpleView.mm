@@ -1,5 +1,6 @@
 #import <OvAppKit/OvSimpleView.h>
 
+#include "platform/ImageDrawing.h"
 #include "support/Retained.h"
 
 // Far beyond every screen.
@@ -180,7 +181,7 @@ static const CGFloat OvParkedPlace = 1000000;
     [_fillColor set];
     NSRectFill(bounds);
   }
-  [self _ovDrawImageInRect:bounds];
+  OvDrawWholeImage(_image, bounds, NSCompositeSourceOver, 1);
   [self _ovDrawLabelInRect:bounds];
   // The platform draws a line of a negative width all over the view.
   if (_strokeRect && _frameColor != nil && _frameLineWidth >= 0) {
@@ -189,17 +190,6 @@ static const CGFloat OvParkedPlace = 1000000;
     [path setLineWidth:_frameLineWidth];
     [path stroke];
   }
-}
-
-- (void)_ovDrawImageInRect:(NSRect)bounds {
-  const NSSize size = [_image size];
-  if (!(size.width > 0) || !(size.height > 0) || NSIsEmptyRect(bounds)) return;
-  [_image drawInRect:bounds
-            fromRect:NSMakeRect(0, 0, size.width, size.height)
-           operation:NSCompositeSourceOver
-            fraction:1
-      respectFlipped:YES
-               hints:nil];
 }
 
 - (void)_ovDrawLabelInRect:(NSRect)bounds {

@@ -1,10 +1,8 @@
 // Saving: what is written, and what is left when it cannot be.
 
-#include <linux/capability.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,6 +10,7 @@
 #include <limits>
 
 #include "FaultyCalls.h"
+#include "Rights.h"
 #import "SettingsTest.h"
 
 using namespace ov::test;
@@ -219,10 +218,7 @@ TEST_F(PropertyListSaving, AReadOnlyFolderLeavesTheOldFile) {
   chmod(folder.path().c_str(), 0555);
   const pid_t child = fork();
   if (child == 0) {
-    // The folder is still its own, and so are those above it.
-    __user_cap_header_struct header = {_LINUX_CAPABILITY_VERSION_3, 0};
-    __user_cap_data_struct none[2] = {};
-    if (syscall(SYS_capset, &header, none) != 0) _exit(2);
+    if (!ov::test::giveUpRights()) _exit(2);
     LogCapture log;
     [controller save:nil];
     const bool isReported = log.lines() == Lines{"[HXPropertyList] " + (folder / "list.plist") +

@@ -1,10 +1,8 @@
 #import <OvAppKit/HXSoundRepository.h>
 
 #include <dlfcn.h>
-#include <linux/capability.h>
 #include <objc/runtime.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,6 +12,7 @@
 #include <thread>
 
 #import "LiveTest.h"
+#include "Rights.h"
 #include "TemporaryFolder.h"
 
 namespace {
@@ -203,9 +202,7 @@ TEST_F(Sounds, FoldersThatMayNotBeReadArePassedOver) {
   // root may read everything, unless it gives up the right to
   const pid_t child = fork();
   if (child == 0) {
-    __user_cap_header_struct header = {_LINUX_CAPABILITY_VERSION_3, 0};
-    __user_cap_data_struct none[2] = {};
-    if (syscall(SYS_capset, &header, none) != 0) _exit(2);
+    if (!ov::test::giveUpRights()) _exit(2);
     _exit(sounds() == std::vector<std::string>{"system/Sounds/b.wav"} ? 0 : 1);
   }
   int status = 0;
