@@ -5,6 +5,7 @@
 #import <OvAppKit/OvSimpleView.h>
 #import <OvAppKit/OvTextField.h>
 
+#import "Coding.h"
 #import "LiveTest.h"
 #include "Supervisor.h"
 
@@ -572,22 +573,10 @@ TEST_F(CollapsingView, AnObserverMayRemoveIt) {
   EXPECT_EQ([[[window contentView] subviews] count], 1u);
 }
 
-enum class Coding { keyed, sequential };
-
-id roundTrip(id object, Coding coding) {
-  if (coding == Coding::keyed) {
-    return [NSKeyedUnarchiver
-        unarchiveObjectWithData:[NSKeyedArchiver archivedDataWithRootObject:object]];
-  }
-  return [NSUnarchiver unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:object]];
-}
-
 class CollapsingViewArchive : public CollapsingView, public testing::WithParamInterface<Coding> {};
 
 INSTANTIATE_TEST_SUITE_P(Codings, CollapsingViewArchive,
-                         testing::Values(Coding::keyed, Coding::sequential), [](const auto &info) {
-                           return info.param == Coding::keyed ? "keyed" : "sequential";
-                         });
+                         testing::Values(Coding::keyed, Coding::sequential), codingName);
 
 TEST_P(CollapsingViewArchive, KeepsWhatAHostHasSet) {
   [view setTitle:@"Filter"];

@@ -6,6 +6,7 @@
 
 #include <functional>
 
+#import "Coding.h"
 #import "LiveTest.h"
 #include "Supervisor.h"
 
@@ -267,22 +268,10 @@ TEST_F(SimpleView, SurvivesEmptyAndMissingThings) {
   [[window contentView] display];
 }
 
-enum class Coding { keyed, sequential };
-
-id roundTrip(id object, Coding coding) {
-  if (coding == Coding::keyed) {
-    return [NSKeyedUnarchiver
-        unarchiveObjectWithData:[NSKeyedArchiver archivedDataWithRootObject:object]];
-  }
-  return [NSUnarchiver unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:object]];
-}
-
 class SmallViewArchive : public LiveTest, public testing::WithParamInterface<Coding> {};
 
 INSTANTIATE_TEST_SUITE_P(Codings, SmallViewArchive,
-                         testing::Values(Coding::keyed, Coding::sequential), [](const auto &info) {
-                           return info.param == Coding::keyed ? "keyed" : "sequential";
-                         });
+                         testing::Values(Coding::keyed, Coding::sequential), codingName);
 
 TEST_P(SmallViewArchive, ASimpleViewComesBackWithItsFrame) {
   OvSimpleView *view = [[[OvSimpleView alloc] initWithFrame:NSMakeRect(1, 2, 30, 40)] autorelease];
