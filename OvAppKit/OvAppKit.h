@@ -4,7 +4,12 @@
 
 #import <AppKit/AppKit.h>
 #import <OvAppKit/HXAutoScrollManager.h>
+#import <OvAppKit/HXDictionaryImageContainer.h>
 #import <OvAppKit/HXDynamicResponder.h>
+#import <OvAppKit/HXImageControlConstants.h>
+#import <OvAppKit/HXImageControlImageContainer.h>
+#import <OvAppKit/HXImageControlImageResourceNameSuffixRegistry.h>
+#import <OvAppKit/HXImageSegment.h>
 #import <OvAppKit/HXKeyEventIntercepter.h>
 #import <OvAppKit/HXMatrixView.h>
 #import <OvAppKit/HXMatrixViewMouseTrackingManager.h>

@@ -45,9 +45,7 @@ NSBitmapImageRep *bitmapAtPath(NSString *path) {
   // The platform tries every type of image, and tells of each that nothing has no name.
   NSString *base = [[name lastPathComponent] stringByDeletingPathExtension];
   if ([base length] == 0 || [base isEqualToString:@"/"]) return nil;
-  NSString *path = [self pathForImageResource:name];
-  if (OvSafeImageDataWithContentsOfFile(path) == nil) return nil;
-  return [[[NSImage alloc] initByReferencingFile:path] autorelease];
+  return [OvNewImageByReferencingFile([self pathForImageResource:name]) autorelease];
 }
 
 @end

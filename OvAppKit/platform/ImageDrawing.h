@@ -10,3 +10,8 @@
 // The whole image, into the focused view.
 void OvDrawWholeImage(NSImage *image, NSRect destination, NSCompositingOperation operation,
                       CGFloat fraction);
+
+// A rectangle of the image, stretched. y grows downward in the source rectangle where the view's
+// does (flipped), so that the part at the smaller y lands at the smaller y. An empty source draws
+// nothing. Source-over, opaque.
+void OvDrawImagePart(NSImage *image, NSRect destination, NSRect source, BOOL flipped);

@@ -17,3 +17,10 @@ NSData *OvSafeImageDataWithContentsOfFile(NSString *path);
 // What -initWithData: should be: takes over an allocated bitmap and answers it initialised, or
 // releases it and answers nil, also for pictures whose damage shows only when they are read.
 NSBitmapImageRep *OvInitBitmapWithData(NSBitmapImageRep *bitmap, NSData *data);
+
+// An image that refers to a file, owned by the caller; nil where there is no picture, or an unsafe
+// one. The one way to make an image from a path of the host's.
+NSImage *OvNewImageByReferencingFile(NSString *path) __attribute__((ns_returns_retained));
+
+// The same for a URL, which the platform lacks; one that is no file's is loaded at once.
+NSImage *OvNewImageByReferencingURL(NSURL *url) __attribute__((ns_returns_retained));

@@ -30,3 +30,14 @@ NSBitmapImageRep *OvInitBitmapWithData(NSBitmapImageRep *bitmap, NSData *data) {
   [bitmap release];
   return result;
 }
+
+NSImage *OvNewImageByReferencingFile(NSString *path) {
+  if (OvSafeImageDataWithContentsOfFile(path) == nil) return nil;
+  return [[NSImage alloc] initByReferencingFile:path];
+}
+
+NSImage *OvNewImageByReferencingURL(NSURL *url) {
+  if ([url isFileURL]) return OvNewImageByReferencingFile([url path]);
+  NSData *data = url ? [NSData dataWithContentsOfURL:url] : nil;
+  return OvIsSafeImageData(data) ? [[NSImage alloc] initWithData:data] : nil;
+}
