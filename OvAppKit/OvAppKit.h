@@ -19,6 +19,7 @@
 #import <OvAppKit/HXPackageSerializationContext.h>
 #import <OvAppKit/HXPropertyListController.h>
 #import <OvAppKit/HXPropertyListControllerValues.h>
+#import <OvAppKit/HXScrollView.h>
 #import <OvAppKit/HXSoundRepository.h>
 #import <OvAppKit/HXSplitView.h>
 #import <OvAppKit/HXViewController.h>
