@@ -21,6 +21,7 @@
 #import <OvAppKit/HXPackageSerializationContext.h>
 #import <OvAppKit/HXPropertyListController.h>
 #import <OvAppKit/HXPropertyListControllerValues.h>
+#import <OvAppKit/HXScrollView.h>
 #import <OvAppKit/HXScroller.h>
 #import <OvAppKit/HXSoundRepository.h>
 #import <OvAppKit/HXSplitView.h>
