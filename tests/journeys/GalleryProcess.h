@@ -98,6 +98,11 @@ class GalleryJourney : public LiveTest {
                  int clicks = 1);
   void typeKeys(const std::vector<const char *> &keys,
                 const std::vector<const char *> &modifiers = {});
+  // Brings the pointer over a control until the state is as described.
+  bool hoverUntil(const std::string &rectName, const std::string &what,
+                  const std::function<bool(const GalleryState &)> &is);
+  // Takes hold of a control in its middle, and answers where.
+  ScreenRect grasp(const std::string &rectName);
   // Moves the pointer there in a few steps, as a hand does.
   void glide(int fromX, int fromY, int toX, int toY);
 

@@ -275,6 +275,26 @@ bool GalleryJourney::pressUntil(const std::string &rectName, const std::string &
   return waitFor(what, is);
 }
 
+bool GalleryJourney::hoverUntil(const std::string &rectName, const std::string &what,
+                                const std::function<bool(const GalleryState &)> &is) {
+  actUntil(
+      [&] {
+        const ScreenRect rect = state().rect(rectName);
+        glide(rect.midX() - 3, rect.midY() - 2, rect.midX(), rect.midY());
+      },
+      [&] { return is(state()); }, [&] { nudgePointer(); });
+  return waitFor(what, is);
+}
+
+ScreenRect GalleryJourney::grasp(const std::string &rectName) {
+  const ScreenRect rect = state().rect(rectName);
+  xtest::movePointer(rect.midX(), rect.midY());
+  pumpUntil([] { return false; }, kPress);
+  xtest::pressButton();
+  pumpUntil([] { return false; }, kPress);
+  return rect;
+}
+
 bool GalleryJourney::typeUntil(const char *key, const std::string &what,
                                const std::function<bool(const GalleryState &)> &is) {
   actUntil([&] { typeKeys({key}); }, [&] { return is(state()); }, [&] { nudgePointer(); });

@@ -27,13 +27,9 @@ class SplitJourney : public GalleryJourney {
 
   // Takes hold of a divider.
   void grasp(const std::string &divider) {
-    const ScreenRect rect = state().rect(divider);
+    const ScreenRect rect = GalleryJourney::grasp(divider);
     x_ = rect.midX();
     y_ = rect.midY();
-    xtest::movePointer(x_, y_);
-    pumpUntil([] { return false; }, 0.1);
-    xtest::pressButton();
-    pumpUntil([] { return false; }, 0.1);
   }
 
   void moveTo(int x, int y) {

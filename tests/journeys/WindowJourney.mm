@@ -80,7 +80,8 @@ TEST_F(WindowJourney, SnapshotsOfEveryPageAreWritten) {
   const std::filesystem::path pictures = root() / "snapshots";
   ASSERT_EQ(run({"-snapshot", pictures.string(), folder().string()}), 0);
   for (const char *page : {"pictures.png", "million.png", "form.png", "lines.png", "windows.png",
-                           "panes.png", "inspector.png", "simple.png"}) {
+                           "panes.png", "inspector.png", "simple.png", "imagebuttons.png",
+                           "multibuttons.png", "popups.png", "slicing.png", "scrollers.png"}) {
     NSString *path = [NSString stringWithUTF8String:(pictures / page).c_str()];
     NSBitmapImageRep *rep = [NSBitmapImageRep imageRepWithContentsOfFile:path];
     ASSERT_NE(rep, nil) << page;
