@@ -1,7 +1,8 @@
 #import <OvAppKit/NSBitmapImageRep+OvAppKit.h>
 #import <OvAppKit/NSBundle+OvAppKit.h>
 
-#include "platform/ImageFileGuard.h"
+#import "platform/ImageFileGuard.h"
+#import "platform/ImageResources.h"
 
 namespace {
 
@@ -42,10 +43,8 @@ NSBitmapImageRep *bitmapAtPath(NSString *path) {
 @implementation NSBundle (HXAppKitExtensions)
 
 - (NSImage *)imageForResource:(NSString *)name {
-  // The platform tries every type of image, and tells of each that nothing has no name.
-  NSString *base = [[name lastPathComponent] stringByDeletingPathExtension];
-  if ([base length] == 0 || [base isEqualToString:@"/"]) return nil;
-  return [OvNewImageByReferencingFile([self pathForImageResource:name]) autorelease];
+  NSString *path = ov::ImageResources(self, nil).pathOf(name);
+  return [OvNewImageByReferencingFile(path) autorelease];
 }
 
 @end

@@ -79,9 +79,9 @@ NSDictionary *tiles(NSImage *image, NSArray *keys) {
                              inBundle:(NSBundle *)bundle {
   NSMutableDictionary *names = [NSMutableDictionary dictionary];
   for (id key in suffixes) {
-    NSString *name =
-        [NSString stringWithFormat:@"%@%@", prefix ?: @"", [suffixes objectForKey:key]];
-    [names setObject:name forKey:key];
+    id suffix = [suffixes objectForKey:key];
+    if (![suffix isKindOfClass:[NSString class]]) continue;
+    [names setObject:[prefix ?: @"" stringByAppendingString:suffix] forKey:key];
   }
   return [self initWithImageResourceNameDictionary:names inBundle:bundle];
 }
