@@ -23,6 +23,9 @@ NSBitmapImageRep *OvInitBitmapWithData(NSBitmapImageRep *bitmap, NSData *data);
 // path of the host's. The file is read once, and at once: the platform puts that off only until
 // somebody asks for the size, as segments do, and would read a file that may be another one by then
 // than what was looked at.
+// An image that refers to a file, owned by the caller, in two resolutions where NAME@2x lies beside
+// it; nil where there is no picture, or an unsafe one. The one way to make an image from a path of
+// the host's.
 NSImage *OvNewImageByReferencingFile(NSString *path) __attribute__((ns_returns_retained));
 
 // The same for a URL, which the platform lacks.

@@ -1,5 +1,6 @@
 #include "platform/ImageFileGuard.h"
 
+#import "platform/FinerImages.h"
 #include "platform/ImageHeaders.h"
 
 namespace {
@@ -46,6 +47,10 @@ NSBitmapImageRep *OvInitBitmapWithData(NSBitmapImageRep *bitmap, NSData *data) {
 
 NSImage *OvNewImageByReferencingFile(NSString *path) {
   return newImage(OvSafeImageDataWithContentsOfFile(path));
+  if (OvSafeImageDataWithContentsOfFile(path) == nil) return nil;
+  NSImage *image = [[NSImage alloc] initByReferencingFile:path];
+  OvAddFinerRepresentation(image, path);
+  return image;
 }
 
 NSImage *OvNewImageByReferencingURL(NSURL *url) {
