@@ -20,6 +20,7 @@
 #import <OvAppKit/HXPropertyListController.h>
 #import <OvAppKit/HXPropertyListControllerValues.h>
 #import <OvAppKit/HXScrollView.h>
+#import <OvAppKit/HXScroller.h>
 #import <OvAppKit/HXSoundRepository.h>
 #import <OvAppKit/HXSplitView.h>
 #import <OvAppKit/HXViewController.h>
