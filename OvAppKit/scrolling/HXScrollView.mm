@@ -1,0 +1,176 @@
+#import <OvAppKit/HXScrollView.h>
+
+#import <OvAppKit/HXScroller.h>
+
+#include "support/Retained.h"
+
+namespace {
+
+// A scroller keeps neither its target nor its delegate, and may outlive the scroll view.
+void forget(HXScrollView *view, NSScroller *scroller) {
+  if ([scroller target] == view) [scroller setTarget:nil];
+  if ([scroller isKindOfClass:[HXScroller class]] && [(HXScroller *)scroller delegate] == view) {
+    [(HXScroller *)scroller setDelegate:nil];
+  }
+}
+
+bool needsReplacement(NSScroller *scroller) {
+  return scroller != nil && ![scroller isKindOfClass:[HXScroller class]];
+}
+
+ov::Retained<HXScroller *> makeReplacement(NSScroller *old, HXScrollView *view) {
+  HXScroller *scroller = [[HXScroller alloc] initWithFrame:[old frame]];
+  [scroller setDelegate:view];
+  return ov::adopt(scroller);
+}
+
+}  // namespace
+
+@implementation HXScrollView
+
++ (Class)_horizontalScrollerClass {
+  return [HXScroller class];
+}
+
++ (Class)_verticalScrollerClass {
+  return [HXScroller class];
+}
+
+- (id)initWithFrame:(NSRect)frame {
+  self = [super initWithFrame:frame];
+  [self _replaceScrollersIfNeeded];
+  [self _observeContentBounds];
+  return self;
+}
+
+- (id)initWithCoder:(NSCoder *)coder {
+  self = [super initWithCoder:coder];
+  [self _replaceScrollersIfNeeded];
+  [self _observeContentBounds];
+  return self;
+}
+
+- (void)dealloc {
+  [[NSNotificationCenter defaultCenter] removeObserver:self];
+  forget(self, [self horizontalScroller]);
+  forget(self, [self verticalScroller]);
+  [super dealloc];
+}
+
+- (void)setDelegate:(id)anObject {
+  delegate = anObject;
+}
+
+- (id)delegate {
+  return delegate;
+}
+
+// MARK: Scrollers
+
+- (void)_replaceScrollersIfNeeded {
+  if (NSScroller *old = [self horizontalScroller]; needsReplacement(old)) {
+    [self setHorizontalScroller:makeReplacement(old, self).get()];
+  }
+  if (NSScroller *old = [self verticalScroller]; needsReplacement(old)) {
+    [self setVerticalScroller:makeReplacement(old, self).get()];
+  }
+}
+
+// The platform keeps a scroller that it is given out of sight until it is told anew that the
+// scroll view has scrollers, which it may have been told already. While the scroll view is being
+// decoded there is no content view, and the platform shows the scrollers itself.
+- (void)_ovShowScroller:(NSScroller *)scroller {
+  if (scroller == nil || [self contentView] == nil) return;
+  [self addSubview:scroller];
+  [self tile];
+  [self reflectScrolledClipView:[self contentView]];
+}
+
+- (void)setHorizontalScroller:(NSScroller *)scroller {
+  const auto old = ov::retain([self horizontalScroller]);
+  [super setHorizontalScroller:scroller];
+  if (old.get() != scroller) forget(self, old.get());
+  if ([self hasHorizontalScroller]) [self _ovShowScroller:scroller];
+}
+
+- (void)setVerticalScroller:(NSScroller *)scroller {
+  const auto old = ov::retain([self verticalScroller]);
+  [super setVerticalScroller:scroller];
+  if (old.get() != scroller) forget(self, old.get());
+  if ([self hasVerticalScroller]) [self _ovShowScroller:scroller];
+}
+
+// The platform would make a scroller of its own class here, and does not ask for another.
+- (void)setHasHorizontalScroller:(BOOL)flag {
+  if (flag && ![self hasHorizontalScroller] && [self horizontalScroller] == nil) {
+    const Class scrollerClass = [[self class] _horizontalScrollerClass];
+    // Wider than high, which makes it a horizontal one.
+    const NSRect frame = NSMakeRect(0, 0, NSWidth([self bounds]), [scrollerClass scrollerWidth]);
+    [self setHorizontalScroller:ov::adopt([[scrollerClass alloc] initWithFrame:frame]).get()];
+  }
+  [super setHasHorizontalScroller:flag];
+}
+
+- (void)setHasVerticalScroller:(BOOL)flag {
+  if (flag && ![self hasVerticalScroller] && [self verticalScroller] == nil) {
+    const Class scrollerClass = [[self class] _verticalScrollerClass];
+    const NSRect frame = NSMakeRect(0, 0, [scrollerClass scrollerWidth], NSHeight([self bounds]));
+    [self setVerticalScroller:ov::adopt([[scrollerClass alloc] initWithFrame:frame]).get()];
+  }
+  [super setHasVerticalScroller:flag];
+}
+
+// MARK: Scrolling by hand
+
+- (BOOL)isHorizontalScrollerTraking {
+  return [[self horizontalScroller] hitPart] != NSScrollerNoPart;
+}
+
+- (BOOL)isVerticalScrollerTraking {
+  return [[self verticalScroller] hitPart] != NSScrollerNoPart;
+}
+
+- (void)_observeContentBounds {
+  NSClipView *content = [self contentView];
+  if (content == nil) return;
+  [content setPostsBoundsChangedNotifications:YES];
+  [[NSNotificationCenter defaultCenter] addObserver:self
+                                           selector:@selector(contentBoundsDidChange:)
+                                               name:NSViewBoundsDidChangeNotification
+                                             object:content];
+}
+
+// An observation goes by the address of the content view, where another one may lie later.
+- (void)willRemoveSubview:(NSView *)view {
+  if (view == [self contentView]) {
+    [[NSNotificationCenter defaultCenter] removeObserver:self
+                                                    name:NSViewBoundsDidChangeNotification
+                                                  object:view];
+  }
+  [super willRemoveSubview:view];
+}
+
+// The delegate may let go of the scroll view, while scroller and content view are at work for it.
+- (void)contentBoundsDidChange:(NSNotification *)notification {
+  (void)notification;
+  if (![delegate respondsToSelector:@selector(scrollViewDidScrollContent:)]) return;
+  if (![self isHorizontalScrollerTraking] && ![self isVerticalScrollerTraking]) return;
+  [[self retain] autorelease];
+  [delegate scrollViewDidScrollContent:self];
+}
+
+- (void)scroller:(HXScroller *)scroller willTrackPart:(NSScrollerPart)part {
+  [[self retain] autorelease];
+  if ([delegate respondsToSelector:@selector(scroller:inScrollView:willTrackPart:)]) {
+    [delegate scroller:scroller inScrollView:self willTrackPart:part];
+  }
+}
+
+- (void)scroller:(HXScroller *)scroller didTrackPart:(NSScrollerPart)part {
+  [[self retain] autorelease];
+  if ([delegate respondsToSelector:@selector(scroller:inScrollView:didTrackPart:)]) {
+    [delegate scroller:scroller inScrollView:self didTrackPart:part];
+  }
+}
+
+@end

@@ -1,0 +1,420 @@
+// Scroll views from archives and interface files: which scrollers are replaced, and which of them
+// tell of their tracking.
+
+#import <GNUstepGUI/GSGormLoading.h>
+#import <GNUstepGUI/GSNibLoading.h>
+
+#import "ScrollViewTest.h"
+#import "Supervisor.h"
+
+using namespace ov::test;
+using testing::ElementsAre;
+
+@interface OvTestArchivedScroller : HXScroller
+@end
+@implementation OvTestArchivedScroller
+@end
+
+// A scroller of another class than the platform's own.
+@interface OvTestForeignScroller : NSScroller
+@end
+@implementation OvTestForeignScroller
+@end
+
+// Sees what the initializers do, and has a content view that posts nothing by itself.
+@interface OvTestSetUpScrollView : HXScrollView {
+ @public
+  std::vector<std::string> *setUp;
+}
+@end
+@implementation OvTestSetUpScrollView
+- (void)note:(const char *)what {
+  if (setUp == nullptr) setUp = new std::vector<std::string>;
+  setUp->push_back(what);
+}
+- (void)dealloc {
+  delete setUp;
+  [super dealloc];
+}
+- (void)_replaceScrollersIfNeeded {
+  [self note:"replace"];
+  [super _replaceScrollersIfNeeded];
+}
+- (void)_observeContentBounds {
+  [self note:"observe"];
+  [[self contentView] setPostsBoundsChangedNotifications:NO];
+  [super _observeContentBounds];
+}
+@end
+
+@interface OvTestScrollNibOwner : NSObject {
+ @public
+  HXScrollView *scroll;
+}
+@end
+@implementation OvTestScrollNibOwner
+- (void)setScroll:(HXScrollView *)view {
+  scroll = view;
+}
+@end
+
+namespace {
+
+enum class Coding { keyed, sequential };
+
+id roundTrip(id object, Coding coding) {
+  if (coding == Coding::keyed) {
+    return [NSKeyedUnarchiver
+        unarchiveObjectWithData:[NSKeyedArchiver archivedDataWithRootObject:object]];
+  }
+  return [NSUnarchiver unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:object]];
+}
+
+template <typename View = HXScrollView>
+View *makeWith(Class viewClass, Class verticalClass, Class horizontalClass) {
+  View *scroll = [[[viewClass alloc] initWithFrame:NSMakeRect(10, 20, 200, 150)] autorelease];
+  if (verticalClass) {
+    [scroll setVerticalScroller:[[verticalClass new] autorelease]];
+    [scroll setHasVerticalScroller:YES];
+  }
+  if (horizontalClass) {
+    [scroll setHorizontalScroller:[[horizontalClass new] autorelease]];
+    [scroll setHasHorizontalScroller:YES];
+  }
+  [scroll setDocumentView:[[[OvTestDocument alloc] initWithFrame:NSMakeRect(0, 0, 600, 500)]
+                              autorelease]];
+  return scroll;
+}
+
+class ScrollViewArchive : public ScrollViewTest, public testing::WithParamInterface<Coding> {
+ protected:
+  HXScrollView *read(Class verticalClass, Class horizontalClass) {
+    return roundTrip(makeWith([HXScrollView class], verticalClass, horizontalClass), GetParam());
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Codings, ScrollViewArchive,
+                         testing::Values(Coding::keyed, Coding::sequential), [](const auto &info) {
+                           return info.param == Coding::keyed ? "keyed" : "sequential";
+                         });
+
+TEST_P(ScrollViewArchive, OtherScrollersAreReplacedByOursWhichTell) {
+  HXScrollView *scroll = read([NSScroller class], [OvTestForeignScroller class]);
+  for (NSScroller *scroller in @[ [scroll horizontalScroller], [scroll verticalScroller] ]) {
+    EXPECT_EQ([scroller class], [HXScroller class]);
+    EXPECT_EQ([(HXScroller *)scroller delegate], scroll);
+    EXPECT_EQ([(HXScroller *)scroller appearance], HXScrollerAppearanceDefault);
+  }
+  EXPECT_EQ(layoutFault(scroll), "");
+  host(scroll);
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20, 30}));
+  EXPECT_TRUE(dragKnob([scroll horizontalScroller], {10, 20, 30}));
+  EXPECT_THAT([delegate summary], ElementsAre("will v 2", "scroll...", "did v 2", "will h 2",
+                                              "scroll...", "did h 2"));
+}
+
+TEST_P(ScrollViewArchive, ReplacedOnesLieAndStandAsThoseBefore) {
+  HXScrollView *written =
+      makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
+  HXScrollView *scroll = roundTrip(written, GetParam());
+  EXPECT_EQ([[scroll verticalScroller] frame], [[written verticalScroller] frame]);
+  EXPECT_EQ([[scroll horizontalScroller] frame], [[written horizontalScroller] frame]);
+  EXPECT_TRUE([[scroll verticalScroller] isEnabled]);
+  EXPECT_TRUE([[scroll horizontalScroller] isEnabled]);
+  EXPECT_EQ([[scroll verticalScroller] knobProportion],
+            [[written verticalScroller] knobProportion]);
+  EXPECT_EQ([[scroll horizontalScroller] knobProportion],
+            [[written horizontalScroller] knobProportion]);
+  EXPECT_EQ([[scroll verticalScroller] floatValue], 0);
+  EXPECT_EQ([[scroll contentView] frame], [[written contentView] frame]);
+  EXPECT_EQ([[scroll documentView] frame], [[written documentView] frame]);
+}
+
+TEST_P(ScrollViewArchive, OursStayAndTellOfTheContentOnly) {
+  HXScrollView *scroll = read([HXScroller class], [OvTestArchivedScroller class]);
+  EXPECT_EQ([[scroll verticalScroller] class], [HXScroller class]);
+  EXPECT_EQ([[scroll horizontalScroller] class], [OvTestArchivedScroller class]);
+  EXPECT_EQ([(HXScroller *)[scroll verticalScroller] delegate], nil);
+  EXPECT_EQ([(HXScroller *)[scroll horizontalScroller] delegate], nil);
+  EXPECT_EQ(layoutFault(scroll), "");
+  host(scroll);
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20, 30}));
+  EXPECT_TRUE(dragKnob([scroll horizontalScroller], {10, 20, 30}));
+  EXPECT_THAT([delegate summary], ElementsAre("scroll..."));
+}
+
+TEST_P(ScrollViewArchive, WhatTellsNowTellsNoMoreAfterAnother) {
+  HXScrollView *scroll = read([NSScroller class], [NSScroller class]);
+  scroll = roundTrip(scroll, GetParam());
+  EXPECT_EQ([(HXScroller *)[scroll verticalScroller] delegate], nil);
+  EXPECT_EQ(layoutFault(scroll), "");
+}
+
+TEST_P(ScrollViewArchive, EachScrollerGoesByItsOwnClass) {
+  HXScrollView *scroll = read([NSScroller class], [HXScroller class]);
+  EXPECT_EQ([(HXScroller *)[scroll verticalScroller] delegate], scroll);
+  EXPECT_EQ([(HXScroller *)[scroll horizontalScroller] delegate], nil);
+  scroll = read([HXScroller class], [NSScroller class]);
+  EXPECT_EQ([(HXScroller *)[scroll verticalScroller] delegate], nil);
+  EXPECT_EQ([(HXScroller *)[scroll horizontalScroller] delegate], scroll);
+}
+
+TEST_P(ScrollViewArchive, AMissingScrollerIsNotMade) {
+  HXScrollView *scroll = read([NSScroller class], Nil);
+  EXPECT_EQ([scroll horizontalScroller], nil);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+  EXPECT_EQ([(HXScroller *)[scroll verticalScroller] delegate], scroll);
+  EXPECT_EQ(layoutFault(scroll), "");
+  scroll = read(Nil, Nil);
+  EXPECT_EQ([scroll horizontalScroller], nil);
+  EXPECT_EQ([scroll verticalScroller], nil);
+  EXPECT_EQ(layoutFault(scroll), "");
+}
+
+TEST_P(ScrollViewArchive, ScrollersThatComeLaterTellNothing) {
+  HXScrollView *written =
+      makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
+  [written setAutohidesScrollers:YES];
+  [[written documentView] setFrameSize:NSMakeSize(50, 50)];
+  [written reflectScrolledClipView:[written contentView]];
+  ASSERT_FALSE([written hasVerticalScroller]);
+  HXScrollView *scroll = roundTrip(written, GetParam());
+  EXPECT_EQ([scroll verticalScroller], nil);
+  // Sequential archives do not tell that scrollers hide.
+  [scroll setAutohidesScrollers:YES];
+  [[scroll documentView] setFrameSize:NSMakeSize(600, 500)];
+  ASSERT_TRUE([scroll hasVerticalScroller]);
+  EXPECT_EQ([[scroll verticalScroller] class], [HXScroller class]);
+  EXPECT_EQ([(HXScroller *)[scroll verticalScroller] delegate], nil);
+  EXPECT_EQ(layoutFault(scroll), "");
+}
+
+TEST_P(ScrollViewArchive, HiddenOnesOfTheArchiveHideAgain) {
+  HXScrollView *written =
+      makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
+  [[written documentView] setFrameSize:NSMakeSize(50, 50)];
+  [written setAutohidesScrollers:YES];
+  ASSERT_TRUE([written hasVerticalScroller]);
+  HXScrollView *scroll = roundTrip(written, GetParam());
+  [scroll setAutohidesScrollers:YES];
+  [[scroll documentView] setFrameSize:NSMakeSize(50, 40)];
+  EXPECT_FALSE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+  EXPECT_EQ(layoutFault(scroll), "");
+  [[scroll documentView] setFrameSize:NSMakeSize(600, 500)];
+  EXPECT_EQ([[scroll verticalScroller] class], [HXScroller class]);
+  EXPECT_EQ([[scroll horizontalScroller] class], [HXScroller class]);
+  EXPECT_EQ(layoutFault(scroll), "");
+}
+
+TEST_P(ScrollViewArchive, TheDelegateIsNotInIt) {
+  HXScrollView *written =
+      makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
+  [written setDelegate:delegate];
+  HXScrollView *scroll = roundTrip(written, GetParam());
+  EXPECT_EQ([scroll delegate], nil);
+  [written setDelegate:nil];
+}
+
+TEST_P(ScrollViewArchive, EverythingIsSetUpOnce) {
+  OvTestSetUpScrollView *written = makeWith<OvTestSetUpScrollView>(
+      [OvTestSetUpScrollView class], [NSScroller class], [NSScroller class]);
+  EXPECT_THAT(*written->setUp, ElementsAre("replace", "observe"));
+  EXPECT_TRUE([[written contentView] postsBoundsChangedNotifications]);
+  OvTestSetUpScrollView *scroll = roundTrip(written, GetParam());
+  EXPECT_THAT(*scroll->setUp, ElementsAre("replace", "observe"));
+  EXPECT_TRUE([[scroll contentView] postsBoundsChangedNotifications]);
+  host(scroll);
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10}));
+  EXPECT_THAT(delegate->lines, ElementsAre("will v 2", "scroll", "did v 2"));
+}
+
+TEST_P(ScrollViewArchive, DamagedOnesAreSurvived) {
+  HXScrollView *written =
+      makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
+  // Without a content view, which the platform may refuse.
+  [[written contentView] removeFromSuperview];
+  @try {
+    HXScrollView *scroll = roundTrip(written, GetParam());
+    EXPECT_EQ([scroll contentView], nil);
+    EXPECT_FALSE([scroll isVerticalScrollerTraking]);
+  } @catch (NSException *exception) {
+    EXPECT_EQ(std::string([[exception name] UTF8String]), "NSInvalidArgumentException");
+  }
+}
+
+// MARK: Interface files
+
+class ScrollViewFile : public ScrollViewTest {
+ protected:
+  NSString *pathOf(NSString *name) {
+    return [[NSString stringWithUTF8String:privateFolder().c_str()]
+        stringByAppendingPathComponent:name];
+  }
+
+  HXScrollView *load(NSString *path) {
+    NSNib *nib = [[[NSNib alloc] initWithContentsOfURL:[NSURL fileURLWithPath:path]] autorelease];
+    OvTestScrollNibOwner *owner = [[[OvTestScrollNibOwner alloc] init] autorelease];
+    NSArray *objects = nil;
+    EXPECT_TRUE([nib instantiateNibWithOwner:owner topLevelObjects:&objects]);
+    return owner->scroll;
+  }
+
+  HXScrollView *loadXib(NSString *attributes, NSString *scrollerClass) {
+    NSString *text = [NSString
+        stringWithFormat:
+            @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
+            @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
+            @"<customObject id=\"-2\" userLabel=\"File's Owner\" "
+            @"customClass=\"OvTestScrollNibOwner\"><connections>"
+            @"<outlet property=\"scroll\" destination=\"s1\" id=\"o1\"/></connections>"
+            @"</customObject>"
+            @"<customObject id=\"-1\" userLabel=\"First Responder\" "
+            @"customClass=\"FirstResponder\"/>"
+            @"<customObject id=\"-3\" userLabel=\"Application\" customClass=\"NSObject\"/>"
+            @"<scrollView id=\"s1\" customClass=\"HXScrollView\" %@>"
+            @"<rect key=\"frame\" x=\"10\" y=\"20\" width=\"200\" height=\"150\"/>"
+            @"<clipView key=\"contentView\" id=\"c1\">"
+            @"<rect key=\"frame\" x=\"1\" y=\"1\" width=\"180\" height=\"130\"/><subviews>"
+            @"<customView id=\"d1\" customClass=\"OvTestDocument\">"
+            @"<rect key=\"frame\" x=\"0\" y=\"0\" width=\"600\" height=\"500\"/></customView>"
+            @"</subviews></clipView>"
+            @"<scroller key=\"horizontalScroller\" horizontal=\"YES\" id=\"h1\"%@>"
+            @"<rect key=\"frame\" x=\"1\" y=\"132\" width=\"180\" height=\"16\"/></scroller>"
+            @"<scroller key=\"verticalScroller\" horizontal=\"NO\" id=\"v1\"%@>"
+            @"<rect key=\"frame\" x=\"182\" y=\"1\" width=\"16\" height=\"130\"/></scroller>"
+            @"</scrollView></objects></document>",
+            attributes, scrollerClass, scrollerClass];
+    NSString *path = pathOf(@"Scroll.xib");
+    EXPECT_TRUE([[text dataUsingEncoding:NSUTF8StringEncoding] writeToFile:path atomically:NO]);
+    return load(path);
+  }
+
+  HXScrollView *loadGorm(id object) {
+    GSNibContainer *container = [[[GSNibContainer alloc] init] autorelease];
+    [[container nameTable] setObject:object forKey:@"Scroll"];
+    [[container topLevelObjects] addObject:object];
+    NSNibOutletConnector *outlet = [[[NSNibOutletConnector alloc] init] autorelease];
+    [outlet setSource:@"NSOwner"];
+    [outlet setDestination:@"Scroll"];
+    [outlet setLabel:@"scroll"];
+    [[container connections] addObject:outlet];
+    NSString *path = pathOf(@"Scroll.gorm");
+    [[NSFileManager defaultManager] createDirectoryAtPath:path
+                              withIntermediateDirectories:YES
+                                               attributes:nil
+                                                    error:NULL];
+    EXPECT_TRUE([[NSArchiver archivedDataWithRootObject:container]
+        writeToFile:[path stringByAppendingPathComponent:@"objects.gorm"]
+         atomically:NO]);
+    return load(path);
+  }
+
+  void expectToTell(HXScrollView *scroll) {
+    ASSERT_EQ([scroll class], [HXScrollView class]);
+    EXPECT_EQ(layoutFault(scroll), "");
+    host(scroll);
+    EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20, 30}));
+    EXPECT_TRUE(dragKnob([scroll horizontalScroller], {10, 20, 30}));
+    EXPECT_THAT([delegate summary], ElementsAre("will v 2", "scroll...", "did v 2", "will h 2",
+                                                "scroll...", "did h 2"));
+  }
+};
+
+TEST_F(ScrollViewFile, AXibHasScrollersOfThePlatform) { expectToTell(loadXib(@"", @"")); }
+
+TEST_F(ScrollViewFile, AXibMayHaveOurs) {
+  HXScrollView *scroll = loadXib(@"", @" customClass=\"HXScroller\"");
+  ASSERT_EQ([[scroll verticalScroller] class], [HXScroller class]);
+  EXPECT_EQ([(HXScroller *)[scroll verticalScroller] delegate], nil);
+  EXPECT_EQ([(HXScroller *)[scroll horizontalScroller] delegate], nil);
+  EXPECT_EQ(layoutFault(scroll), "");
+  host(scroll);
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20}));
+  EXPECT_THAT([delegate summary], ElementsAre("scroll..."));
+}
+
+TEST_F(ScrollViewFile, AXibMayHaveOneDirectionOnly) {
+  HXScrollView *scroll = loadXib(@"hasHorizontalScroller=\"NO\"", @"");
+  EXPECT_EQ([(HXScroller *)[scroll verticalScroller] delegate], scroll);
+  EXPECT_EQ([scroll horizontalScroller], nil);
+  EXPECT_EQ(layoutFault(scroll), "");
+}
+
+TEST_F(ScrollViewFile, AXibMayHideThem) {
+  HXScrollView *scroll =
+      loadXib(@"autohidesScrollers=\"YES\" borderType=\"none\"", @"");
+  EXPECT_TRUE([scroll autohidesScrollers]);
+  EXPECT_TRUE([scroll hasVerticalScroller]);
+  [[scroll documentView] setFrameSize:NSMakeSize(10, 10)];
+  EXPECT_FALSE([scroll hasVerticalScroller]);
+  EXPECT_EQ(layoutFault(scroll), "");
+}
+
+// So the platform's editor writes views that are to be of another class.
+TEST_F(ScrollViewFile, AGormFileHasAScrollViewOfThePlatform) {
+  NSScrollView *written = makeWith<NSScrollView>([NSScrollView class], [NSScroller class],
+                                                 [NSScroller class]);
+  expectToTell(loadGorm([[[GSViewTemplate alloc] initWithObject:written
+                                                      className:@"HXScrollView"
+                                                 superClassName:@"NSScrollView"] autorelease]));
+}
+
+TEST_F(ScrollViewFile, AGormFileHasOursWithScrollersOfThePlatform) {
+  expectToTell(
+      loadGorm(makeWith([HXScrollView class], [NSScroller class], [NSScroller class])));
+}
+
+TEST_F(ScrollViewFile, AGormFileMayHaveOurs) {
+  HXScrollView *scroll =
+      loadGorm(makeWith([HXScrollView class], [HXScroller class], [HXScroller class]));
+  EXPECT_EQ([[scroll verticalScroller] class], [HXScroller class]);
+  EXPECT_EQ([(HXScroller *)[scroll verticalScroller] delegate], nil);
+  EXPECT_EQ(layoutFault(scroll), "");
+}
+
+TEST_F(ScrollViewFile, AKeyedArchiveOfThePlatformsScrollViewIsReadAsOurs) {
+  NSScrollView *written = makeWith<NSScrollView>([NSScrollView class], [NSScroller class],
+                                                 [NSScroller class]);
+  NSMutableData *data = [NSMutableData data];
+  NSKeyedArchiver *archiver =
+      [[[NSKeyedArchiver alloc] initForWritingWithMutableData:data] autorelease];
+  [archiver setClassName:@"HXScrollView" forClass:[NSScrollView class]];
+  [archiver encodeObject:written forKey:@"root"];
+  [archiver finishEncoding];
+  NSKeyedUnarchiver *unarchiver =
+      [[[NSKeyedUnarchiver alloc] initForReadingWithData:data] autorelease];
+  expectToTell([unarchiver decodeObjectForKey:@"root"]);
+}
+
+TEST_F(ScrollViewFile, ANibFileHasScrollersOfThePlatform) {
+  NSIBObjectData *container = [[[NSIBObjectData alloc] init] autorelease];
+  NSCustomObject *owner = [[[NSCustomObject alloc] init] autorelease];
+  [owner setClassName:@"OvTestScrollNibOwner"];
+  [container setRoot:owner];
+  HXScrollView *written =
+      makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
+  NSMapInsert([container objects], written, owner);
+  NSMapInsert([container oids], written, @1);
+  NSMapInsert([container oids], owner, @(-1));
+  NSNibOutletConnector *outlet = [[[NSNibOutletConnector alloc] init] autorelease];
+  [outlet setSource:owner];
+  [outlet setDestination:written];
+  [outlet setLabel:@"scroll"];
+  [[container connections] addObject:outlet];
+  NSMutableData *data = [NSMutableData data];
+  NSKeyedArchiver *archiver =
+      [[[NSKeyedArchiver alloc] initForWritingWithMutableData:data] autorelease];
+  [archiver encodeObject:container forKey:@"IB.objectdata"];
+  [archiver finishEncoding];
+  NSString *path = pathOf(@"Scroll.nib");
+  [[NSFileManager defaultManager] createDirectoryAtPath:path
+                            withIntermediateDirectories:YES
+                                             attributes:nil
+                                                  error:NULL];
+  ASSERT_TRUE([data writeToFile:[path stringByAppendingPathComponent:@"keyedobjects.nib"]
+                     atomically:NO]);
+  expectToTell(load(path));
+}
+
+}  // namespace
