@@ -6,6 +6,8 @@
 #import <OvAppKit/HXAutoScrollManager.h>
 #import <OvAppKit/HXDictionaryImageContainer.h>
 #import <OvAppKit/HXDynamicResponder.h>
+#import <OvAppKit/HXImageButton.h>
+#import <OvAppKit/HXImageButtonCell.h>
 #import <OvAppKit/HXImageControlConstants.h>
 #import <OvAppKit/HXImageControlImageContainer.h>
 #import <OvAppKit/HXImageControlImageResourceNameSuffixRegistry.h>

@@ -9,6 +9,7 @@
 #pragma once
 
 #import <AppKit/AppKit.h>
+#import <GNUstepGUI/GSTrackingRect.h>
 
 namespace ov {
 
@@ -17,8 +18,12 @@ class TrackingRects {
   explicit TrackingRects(NSView *view) : view_(view) {}
 
   // The tag, never 0 and never used again; 0 when there are too many already (the window
-  // copies the whole list to its stack at every mouse move).
-  NSTrackingRectTag add(NSRect rect, id owner, void *userData, bool assumeInside);
+  // copies the whole list to its stack at every mouse move). The kind is the class of the
+  // rectangle, the platform's or one derived from it.
+  NSTrackingRectTag add(NSRect rect, id owner, void *userData, bool assumeInside,
+                        Class kind = [GSTrackingRect class]);
+  // The first one of a class, or nil.
+  GSTrackingRect *find(Class kind) const;
   // NO for an unknown tag.
   bool remove(NSTrackingRectTag tag);
 

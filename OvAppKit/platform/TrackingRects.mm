@@ -1,7 +1,5 @@
 #include "platform/TrackingRects.h"
 
-#import <GNUstepGUI/GSTrackingRect.h>
-
 #include <algorithm>
 
 namespace ov {
@@ -12,19 +10,27 @@ NSMutableArray *TrackingRects::list() const {
   return list_;
 }
 
-NSTrackingRectTag TrackingRects::add(NSRect rect, id owner, void *userData, bool assumeInside) {
+NSTrackingRectTag TrackingRects::add(NSRect rect, id owner, void *userData, bool assumeInside,
+                                     Class kind) {
   NSMutableArray *rects = list();
   if ([rects count] >= kMost) return 0;
   lastTag_ = std::max(lastTag_, [(GSTrackingRect *)[rects lastObject] tag]) + 1;
-  GSTrackingRect *added = [[GSTrackingRect alloc] initWithRect:rect
-                                                           tag:lastTag_
-                                                         owner:owner
-                                                      userData:userData
-                                                        inside:assumeInside];
+  GSTrackingRect *added = [[kind alloc] initWithRect:rect
+                                                 tag:lastTag_
+                                               owner:owner
+                                            userData:userData
+                                              inside:assumeInside];
   [rects addObject:added];
   [added release];
   view_->_rFlags.has_trkrects = 1;
   return lastTag_;
+}
+
+GSTrackingRect *TrackingRects::find(Class kind) const {
+  for (GSTrackingRect *rect in list()) {
+    if ([rect isKindOfClass:kind]) return rect;
+  }
+  return nil;
 }
 
 bool TrackingRects::remove(NSTrackingRectTag tag) {

@@ -58,6 +58,8 @@ class MenuInterceptor {
   int count() const;
   NSMenu* menu() const;
   NSView* view() const;
+  NSFont* font() const;
+  NSEvent* event() const;
   // In the window of the event.
   NSPoint location() const;
 };

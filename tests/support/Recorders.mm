@@ -74,7 +74,8 @@ struct {
   int count;
   NSMenu *menu;
   NSView *view;
-  NSPoint location;
+  NSFont *font;
+  NSEvent *event;
 } menus;
 IMP formerPopUp = nullptr;
 
@@ -83,13 +84,18 @@ Method popUpMethod() {
                                                                withEvent:forView:withFont:));
 }
 
-void recordPopUp(id, SEL, NSMenu *menu, NSEvent *event, NSView *view, NSFont *) {
+template <typename T>
+void keep(T **variable, T *object) {
+  [*variable release];
+  *variable = [object retain];
+}
+
+void recordPopUp(id, SEL, NSMenu *menu, NSEvent *event, NSView *view, NSFont *font) {
   menus.count++;
-  [menus.menu release];
-  menus.menu = [menu retain];
-  [menus.view release];
-  menus.view = [view retain];
-  menus.location = [event locationInWindow];
+  keep(&menus.menu, menu);
+  keep(&menus.view, view);
+  keep(&menus.font, font);
+  keep(&menus.event, event);
 }
 
 }  // namespace
@@ -141,7 +147,9 @@ MenuInterceptor::~MenuInterceptor() { method_setImplementation(popUpMethod(), fo
 int MenuInterceptor::count() const { return menus.count; }
 NSMenu *MenuInterceptor::menu() const { return menus.menu; }
 NSView *MenuInterceptor::view() const { return menus.view; }
-NSPoint MenuInterceptor::location() const { return menus.location; }
+NSFont *MenuInterceptor::font() const { return menus.font; }
+NSEvent *MenuInterceptor::event() const { return menus.event; }
+NSPoint MenuInterceptor::location() const { return [menus.event locationInWindow]; }
 
 const std::string &lastExceptionReason() { return exceptionReason; }
 

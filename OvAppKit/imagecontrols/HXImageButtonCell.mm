@@ -1,0 +1,124 @@
+#import "imagecontrols/HXImageButtonCell.h"
+
+#include "imagecontrols/ButtonLayout.h"
+#include "imagecontrols/FaceOfCell.h"
+#include "support/GeometryBridge.h"
+#include "support/Retained.h"
+
+namespace {
+
+// Shortens in the middle.
+constexpr int kTruncateMiddle = 16384;
+
+bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVariation variation) {
+  return [container containsImageVariation:variation forImagePart:HXImageControlImagePartCenter];
+}
+
+}  // namespace
+
+@implementation HXImageButtonCell
+
+- (id)copyWithZone:(NSZone *)zone {
+  HXImageButtonCell *copy = [super copyWithZone:zone];
+  // The platform's copy is one of the bytes: both own the one container.
+  [copy->imageContainer_ retain];
+  return copy;
+}
+
+- (void)dealloc {
+  [imageContainer_ release];
+  [super dealloc];
+}
+
+- (void)setImageContainer:(HXImageControlImageContainer *)container {
+  OvReplaceRetained(&imageContainer_, container);
+}
+
+- (HXImageControlImageContainer *)imageContainer {
+  return imageContainer_;
+}
+
+- (BOOL)isOpaque {
+  return NO;
+}
+
+- (void)drawBezelWithFrame:(NSRect)frame inView:(NSView *)view {
+}
+
+- (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView *)view {
+  if (imageContainer_ == nil) {
+    [super drawInteriorWithFrame:frame inView:view];
+    return;
+  }
+  if ([self isTransparent]) return;
+  // A cell that changes tells the view that it was drawn in.
+  [self setControlView:view];
+
+  const ov::FaceArtwork artwork = {
+      .mousePushed = hasVariation(imageContainer_, HXImageControlImageVariationMousePushed),
+      .mouseOver = hasVariation(imageContainer_, HXImageControlImageVariationMouseOver)};
+  const ov::ButtonFace face = ov::pushButtonFace(ov::stateOfCell(self, frame, view), artwork);
+  const auto variation = static_cast<HXImageControlImageVariation>(face.variation);
+  const BOOL flipped = [view isFlipped];
+
+  [imageContainer_ drawImageInRect:frame isFlipped:flipped imageVariation:variation];
+
+  // AppKit has no room for a title then; this platform leaves it the whole cell.
+  if ([self imagePosition] != NSImageOnly) {
+    NSRect rect = [self titleRectForBounds:frame];
+    NSAttributedString *title = ov::titleOfCell(self, face.title, NSWidth(rect), kTruncateMiddle);
+    if (title != nil && !NSIsEmptyRect(rect)) [self drawTitle:title withFrame:rect inView:view];
+  }
+
+  if ([imageContainer_ containsImageForImagePart:HXImageControlImagePartIcon]) {
+    NSRect rect = [self imageRectForBounds:frame];
+    if (!NSIsEmptyRect(rect))
+      [imageContainer_ drawImageInRect:rect
+                             isFlipped:flipped
+                             imagePart:HXImageControlImagePartIcon
+                        imageVariation:variation];
+  }
+  if ([imageContainer_ containsImageForImagePart:HXImageControlImagePartAccessory]) {
+    NSRect rect = [self accessoryRectForBounds:frame];
+    if (!NSIsEmptyRect(rect))
+      [imageContainer_ drawImageInRect:rect
+                             isFlipped:flipped
+                             imagePart:HXImageControlImagePartAccessory
+                        imageVariation:variation];
+  }
+}
+
+- (void)highlight:(BOOL)flag withFrame:(NSRect)frame inView:(NSView *)view {
+  if (imageContainer_ == nil) {
+    [super drawInteriorWithFrame:frame inView:view];
+    return;
+  }
+  [self setHighlighted:flag];
+  [view setNeedsDisplay:YES];
+}
+
+- (NSRect)imageRectForBounds:(NSRect)bounds {
+  if (![imageContainer_ containsImageForImagePart:HXImageControlImagePartIcon])
+    return [super imageRectForBounds:bounds];
+  NSSize icon = [imageContainer_ imageSizeForImagePart:HXImageControlImagePartIcon];
+  return ov::toNS(ov::iconRect(static_cast<ov::IconPosition>([self imagePosition]),
+                               ov::fromNS(bounds), ov::fromNS([super titleRectForBounds:bounds]),
+                               ov::fromNS(icon), [self isHighlighted]));
+}
+
+- (NSRect)titleRectForBounds:(NSRect)bounds {
+  NSRect title = [super titleRectForBounds:bounds];
+  if (![imageContainer_ containsImageForImagePart:HXImageControlImagePartIcon]) return title;
+  NSSize icon = [imageContainer_ imageSizeForImagePart:HXImageControlImagePartIcon];
+  return ov::toNS(ov::titleRectBesideIcon(static_cast<ov::IconPosition>([self imagePosition]),
+                                          ov::fromNS(title), ov::fromNS(icon)));
+}
+
+- (NSRect)accessoryRectForBounds:(NSRect)bounds {
+  if (![imageContainer_ containsImageForImagePart:HXImageControlImagePartAccessory])
+    return NSZeroRect;
+  NSSize accessory = [imageContainer_ imageSizeForImagePart:HXImageControlImagePartAccessory];
+  return ov::toNS(ov::accessoryRect(ov::fromNS(bounds), ov::fromNS(accessory)));
+}
+
+@end
