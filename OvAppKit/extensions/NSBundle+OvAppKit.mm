@@ -1,7 +1,7 @@
 #import <OvAppKit/NSBitmapImageRep+OvAppKit.h>
 #import <OvAppKit/NSBundle+OvAppKit.h>
 
-#include "platform/ImageFileGuard.h"
+#import "platform/NamedImages.h"
 
 namespace {
 
@@ -42,10 +42,7 @@ NSBitmapImageRep *bitmapAtPath(NSString *path) {
 @implementation NSBundle (HXAppKitExtensions)
 
 - (NSImage *)imageForResource:(NSString *)name {
-  // The platform tries every type of image, and tells of each that nothing has no name.
-  NSString *base = [[name lastPathComponent] stringByDeletingPathExtension];
-  if ([base length] == 0 || [base isEqualToString:@"/"]) return nil;
-  return [OvNewImageByReferencingFile([self pathForImageResource:name]) autorelease];
+  return OvImageOfResource(self, name);
 }
 
 @end
