@@ -12,6 +12,8 @@
 #import <OvAppKit/HXImageControlImageContainer.h>
 #import <OvAppKit/HXImageControlImageResourceNameSuffixRegistry.h>
 #import <OvAppKit/HXImageManager.h>
+#import <OvAppKit/HXImagePopUpButton.h>
+#import <OvAppKit/HXImagePopUpButtonCell.h>
 #import <OvAppKit/HXImageSegment.h>
 #import <OvAppKit/HXKeyEventIntercepter.h>
 #import <OvAppKit/HXMatrixView.h>
