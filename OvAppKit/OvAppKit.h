@@ -11,6 +11,7 @@
 #import <OvAppKit/HXImageControlConstants.h>
 #import <OvAppKit/HXImageControlImageContainer.h>
 #import <OvAppKit/HXImageControlImageResourceNameSuffixRegistry.h>
+#import <OvAppKit/HXImageManager.h>
 #import <OvAppKit/HXImagePopUpButton.h>
 #import <OvAppKit/HXImagePopUpButtonCell.h>
 #import <OvAppKit/HXImageSegment.h>
@@ -20,6 +21,8 @@
 #import <OvAppKit/HXMatrixViewSelectionInfo.h>
 #import <OvAppKit/HXMatrixViewSelectionManager.h>
 #import <OvAppKit/HXMatrixViewToolTipManager.h>
+#import <OvAppKit/HXMultiImageButton.h>
+#import <OvAppKit/HXMultiImageCell.h>
 #import <OvAppKit/HXPackageSerializationContext.h>
 #import <OvAppKit/HXPropertyListController.h>
 #import <OvAppKit/HXPropertyListControllerValues.h>
@@ -57,10 +60,13 @@
 #import <OvAppKit/OvDatePicker.h>
 #import <OvAppKit/OvDatePickerCell.h>
 #import <OvAppKit/OvFlippedView.h>
+#import <OvAppKit/OvIconButton.h>
+#import <OvAppKit/OvIconButtonCell.h>
 #import <OvAppKit/OvMatrixView.h>
 #import <OvAppKit/OvMouseKeyPanel.h>
 #import <OvAppKit/OvNumberTextValidator.h>
 #import <OvAppKit/OvPathTextValidator.h>
+#import <OvAppKit/OvSelectableButton.h>
 #import <OvAppKit/OvSimpleView.h>
 #import <OvAppKit/OvSjisTextValidator.h>
 #import <OvAppKit/OvSplitView.h>

@@ -3,6 +3,7 @@
 
 #import "platform/ImageFileGuard.h"
 #import "platform/ImageResources.h"
+#import "platform/NamedImages.h"
 
 namespace {
 
@@ -45,6 +46,7 @@ NSBitmapImageRep *bitmapAtPath(NSString *path) {
 - (NSImage *)imageForResource:(NSString *)name {
   NSString *path = ov::ImageResources(self, nil).pathOf(name);
   return [OvNewImageByReferencingFile(path) autorelease];
+  return OvImageOfResource(self, name);
 }
 
 @end

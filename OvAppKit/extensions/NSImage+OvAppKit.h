@@ -41,6 +41,12 @@
 
 @interface NSImage (HXAppKitExtensions)
 
+/** The image of a name, from a bundle or that of a class, as the shared HXImageManager finds it:
+    one that has the name already, or that of the bundle's file, which has it from then on. nil
+    where there is none; without a bundle or class, only the first is looked for. */
++ (NSImage *)imageNamed:(NSString *)name inBundleForClass:(Class)aClass;
++ (NSImage *)imageNamed:(NSString *)name inBundle:(NSBundle *)bundle;
+
 /** Whether an image can be made of a file, by the extension of its path, or else by its type
     code (which the platform has for no file). The file itself is not looked at: it may not be
     there, or damaged. */

@@ -1,3 +1,4 @@
+#import <OvAppKit/HXImageManager.h>
 #import <OvAppKit/NSImage+OvAppKit.h>
 
 #include <bit>
@@ -53,6 +54,14 @@ NSSet *fileTypes(bool quoted) {
 @end
 
 @implementation NSImage (HXAppKitExtensions)
+
++ (NSImage *)imageNamed:(NSString *)name inBundleForClass:(Class)aClass {
+  return [self imageNamed:name inBundle:[NSBundle bundleForClass:aClass]];
+}
+
++ (NSImage *)imageNamed:(NSString *)name inBundle:(NSBundle *)bundle {
+  return [[HXImageManager sharedImageManager] imageNamed:name inBundle:bundle];
+}
 
 + (BOOL)canInitWithPath:(NSString *)path {
   if ([path length] == 0) return NO;

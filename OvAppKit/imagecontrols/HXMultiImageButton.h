@@ -51,6 +51,10 @@ OV_EXPORT NSString *const HXMultiImageButtonDisabledImageKey;
     shows the default one; its cell draws when disabled, too. */
 - (id)initWithFrame:(NSRect)frame;
 
+/** The images are put back to rest in a button from an archive that was pressed or under the
+    mouse; it does not track the mouse. */
+- (id)initWithCoder:(NSCoder *)coder;
+
 /** The cell, if it is of this class, otherwise nil; everything below does nothing, or what a
     plain control does, in that case. */
 - (HXMultiImageCell *)multiImageCell;
@@ -104,7 +108,8 @@ OV_EXPORT NSString *const HXMultiImageButtonDisabledImageKey;
 // MARK: Clicks
 
 /** Follows the mouse until it is released, and sends the action if that is inside; or shows the
-    delegate's menu, whose top left is 3 points below the button's frame, and sends no action. A
+    delegate's menu, whose top left is 3 points below the origin of the button's frame, and sends
+    no action. (Below is y + 3 in a window whose content view is flipped, deliberately.) A
     disabled button ignores it. */
 - (void)mouseDown:(NSEvent *)event;
 

@@ -30,4 +30,8 @@
     sent. A disabled button ignores the press. */
 - (void)mouseDown:(NSEvent *)event;
 
+/** Down arrow opens the menu, and so does Space unless the button may be pushed in; everything else
+    is a button's: Space clicks. */
+- (void)keyDown:(NSEvent *)event;
+
 @end

@@ -21,7 +21,8 @@ namespace ov {
 // second one on an item, or the arrow keys and Return. A press outside and Escape close it.
 //
 // Whoever has replaced the platform's class method (a host with menus of its own, a test that
-// looks on) gets the call instead, with the very same arguments.
+// looks on) gets the call instead, with the very same arguments; without a font, the form that
+// takes none comes first.
 void popUpMenu(NSMenu *menu, NSEvent *event, NSView *view, NSFont *font);
 
 }  // namespace ov

@@ -14,7 +14,8 @@
 
 namespace {
 
-using PopUp = void(id, SEL, NSMenu *, NSEvent *, NSView *, NSFont *);
+using PopUp = void(id, SEL, NSMenu *, NSEvent *, NSView *);
+using PopUpWithFont = void(id, SEL, NSMenu *, NSEvent *, NSView *, NSFont *);
 
 void *libraryOf(const void *address) {
   Dl_info info;
@@ -22,8 +23,9 @@ void *libraryOf(const void *address) {
 }
 
 // The class method that a host has put into the place of the platform's, or null.
-PopUp *replacedPopUp(SEL message) {
-  PopUp *method = ov::asFunction<PopUp>(
+template <typename Function>
+Function *replaced(SEL message) {
+  Function *method = ov::asFunction<Function>(
       method_getImplementation(class_getClassMethod([NSMenu class], message)));
   const bool isPlatforms =
       libraryOf(reinterpret_cast<const void *>(method)) == libraryOf([NSMenu class]);
@@ -115,9 +117,14 @@ namespace ov {
 
 void popUpMenu(NSMenu *menu, NSEvent *event, NSView *view, NSFont *font) {
   if (menu == nil || event == nil) return;
-  const SEL message = @selector(popUpContextMenu:withEvent:forView:withFont:);
-  if (PopUp *replaced = replacedPopUp(message)) {
-    replaced([NSMenu class], message, menu, event, view, font);
+  const SEL plain = @selector(popUpContextMenu:withEvent:forView:);
+  if (PopUp *method = font == nil ? replaced<PopUp>(plain) : nullptr) {
+    method([NSMenu class], plain, menu, event, view);
+    return;
+  }
+  const SEL withFont = @selector(popUpContextMenu:withEvent:forView:withFont:);
+  if (PopUpWithFont *method = replaced<PopUpWithFont>(withFont)) {
+    method([NSMenu class], withFont, menu, event, view, font);
     return;
   }
   const bool mayHaveItems = [menu numberOfItems] > 0 || [menu delegate] != nil;

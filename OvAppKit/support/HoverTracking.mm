@@ -1,8 +1,7 @@
 #include "support/HoverTracking.h"
 
-#include <vector>
-
 #include "platform/TrackingRects.h"
+#import "support/PlaceWatch.h"
 
 namespace {
 
@@ -10,28 +9,16 @@ namespace {
 // view follows all of the view's changes by itself.
 constexpr CGFloat kFar = 1e6;
 
-// The part of a view that can be seen, on the screen; empty while none can.
-NSRect placeOnScreen(NSView *view) {
-  NSWindow *window = [view window];
-  if (![window isVisible]) return NSZeroRect;
-  const NSRect visible = [view visibleRect];
-  if (NSIsEmptyRect(visible)) return NSZeroRect;
-  NSRect place = [view convertRect:visible toView:nil];
-  place.origin = [window convertBaseToScreen:place.origin];
-  return place;
-}
-
 }  // namespace
 
 // The rectangle is its own owner, and the view's list of them owns it: nothing is left behind
 // when the view goes.
 @interface _OvHoverRect : GSTrackingRect {
-  NSView *_view;                    // not retained: it owns this object
-  std::vector<NSView *> _observed;  // the view and those around it; only compared
-  NSRect _place;                    // where on the screen it was when last looked at
+  NSView *_view;  // not retained: it owns this object
+  _OvPlaceWatch *_watch;
+  NSRect _place;  // where on the screen it was when last looked at
   BOOL _inside;
 }
-- (void)lookAgain;
 @end
 
 @implementation _OvHoverRect
@@ -44,24 +31,23 @@ NSRect placeOnScreen(NSView *view) {
   self = [super initWithRect:rect tag:aTag owner:self userData:data inside:flag];
   if (self == nil) return nil;
   _view = view;
-  // After each event: what hides a view or takes its window away tells nobody.
-  [[NSNotificationCenter defaultCenter] addObserver:self
-                                           selector:@selector(lookAgain)
-                                               name:NSApplicationDidUpdateNotification
-                                             object:nil];
-  [self lookAgain];
+  _watch = [[_OvPlaceWatch alloc] initWithView:view
+                                        target:self
+                                        action:@selector(placeChanged)];
+  if (!NSIsEmptyRect([_watch place])) [self placeChanged];
   return self;
 }
 
 - (void)dealloc {
-  [[NSNotificationCenter defaultCenter] removeObserver:self];
+  [_watch stop];
+  [_watch release];
   [super dealloc];
 }
 
 // It has been taken out of the view's list.
 - (void)invalidate {
   [super invalidate];
-  [[NSNotificationCenter defaultCenter] removeObserver:self];
+  [_watch stop];
   _view = nil;
 }
 
@@ -76,49 +62,19 @@ NSRect placeOnScreen(NSView *view) {
 }
 
 - (void)pointerMoved {
-  [self lookAgain];
+  [_watch lookAgain];
   _inside = ov::isMouseInside(_view);
   [_view setNeedsDisplay:YES];
 }
 
 // The pointer is asked for only when the view has come to lie elsewhere.
-- (void)lookAgain {
-  if (_view == nil) return;
-  [self followAncestors];
-  const NSRect place = placeOnScreen(_view);
-  if (NSEqualRects(place, _place)) return;
+- (void)placeChanged {
   const BOOL wasInside = _inside;
   const BOOL appeared = NSIsEmptyRect(_place);
-  _place = place;
+  _place = [_watch place];
   _inside = ov::isMouseInside(_view);
   // What is in the window of a view that had been away may be from any time.
   if (_inside != wasInside || appeared) [_view setNeedsDisplay:YES];
-}
-
-// A timer may scroll or move the view, too, with no event after it.
-- (void)followAncestors {
-  size_t depth = 0;
-  NSView *view = _view;
-  while (view != nil && depth < _observed.size() && _observed[depth] == view) {
-    view = [view superview];
-    depth++;
-  }
-  if (view == nil && depth == _observed.size()) return;
-  NSNotificationCenter *center = [NSNotificationCenter defaultCenter];
-  [center removeObserver:self name:NSViewFrameDidChangeNotification object:nil];
-  [center removeObserver:self name:NSViewBoundsDidChangeNotification object:nil];
-  _observed.clear();
-  for (view = _view; view != nil; view = [view superview]) {
-    _observed.push_back(view);
-    [center addObserver:self
-               selector:@selector(lookAgain)
-                   name:NSViewFrameDidChangeNotification
-                 object:view];
-    [center addObserver:self
-               selector:@selector(lookAgain)
-                   name:NSViewBoundsDidChangeNotification
-                 object:view];
-  }
 }
 
 @end
