@@ -1,8 +1,6 @@
 #import <OvAppKit/NSBitmapImageRep+OvAppKit.h>
 #import <OvAppKit/NSBundle+OvAppKit.h>
 
-#import "platform/ImageFileGuard.h"
-#import "platform/ImageResources.h"
 #import "platform/NamedImages.h"
 
 namespace {
@@ -44,8 +42,6 @@ NSBitmapImageRep *bitmapAtPath(NSString *path) {
 @implementation NSBundle (HXAppKitExtensions)
 
 - (NSImage *)imageForResource:(NSString *)name {
-  NSString *path = ov::ImageResources(self, nil).pathOf(name);
-  return [OvNewImageByReferencingFile(path) autorelease];
   return OvImageOfResource(self, name);
 }
 

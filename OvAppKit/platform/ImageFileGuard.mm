@@ -46,9 +46,7 @@ NSBitmapImageRep *OvInitBitmapWithData(NSBitmapImageRep *bitmap, NSData *data) {
 }
 
 NSImage *OvNewImageByReferencingFile(NSString *path) {
-  return newImage(OvSafeImageDataWithContentsOfFile(path));
-  if (OvSafeImageDataWithContentsOfFile(path) == nil) return nil;
-  NSImage *image = [[NSImage alloc] initByReferencingFile:path];
+  NSImage *image = newImage(OvSafeImageDataWithContentsOfFile(path));
   OvAddFinerRepresentation(image, path);
   return image;
 }

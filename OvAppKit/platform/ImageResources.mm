@@ -38,19 +38,18 @@ NSSet *namesOfFiles(NSBundle *bundle) {
   return names;
 }
 
-// The platform tells of each type that a name without a base has no file.
-bool isName(NSString *name) {
+}  // namespace
+
+bool isResourceName(NSString *name) {
   NSString *base = [[name lastPathComponent] stringByDeletingPathExtension];
   return [base length] > 0 && ![base isEqualToString:@"/"];
 }
-
-}  // namespace
 
 ImageResources::ImageResources(NSBundle *bundle, NSString *extension)
     : bundle_(bundle ?: [NSBundle mainBundle]), extension_(extension) {}
 
 NSString *ImageResources::pathOf(NSString *name) {
-  if (!isName(name)) return nil;
+  if (!isResourceName(name)) return nil;
   if (extension_) return [bundle_ pathForResource:name ofType:extension_];
   if (missedOne_ && !mayExist(name)) return nil;
   NSString *path = [bundle_ pathForImageResource:name];

@@ -1,13 +1,9 @@
 #import "platform/NamedImages.h"
 
 #include "platform/ImageFileGuard.h"
+#include "platform/ImageResources.h"
 
 namespace {
-
-bool isResourceName(NSString *name) {
-  NSString *base = [[name lastPathComponent] stringByDeletingPathExtension];
-  return [base length] > 0 && ![base isEqualToString:@"/"];
-}
 
 // Asking for the image would look for its file, and read that.
 bool isTaken(NSString *name) {
@@ -23,7 +19,7 @@ bool isTaken(NSString *name) {
 NSImage *OvImageNamed(NSString *name) {
   if (name == nil) return nil;
   if (!isTaken(name)) {
-    if (!isResourceName(name)) return nil;
+    if (!ov::isResourceName(name)) return nil;
     NSString *path = [[NSBundle mainBundle] pathForImageResource:name];
     if (path != nil && OvSafeImageDataWithContentsOfFile(path) == nil) return nil;
   }
@@ -31,6 +27,7 @@ NSImage *OvImageNamed(NSString *name) {
 }
 
 NSImage *OvImageOfResource(NSBundle *bundle, NSString *name) {
-  if (!isResourceName(name)) return nil;
-  return [OvNewImageByReferencingFile([bundle pathForImageResource:name]) autorelease];
+  if (bundle == nil) return nil;
+  NSString *path = ov::ImageResources(bundle, nil).pathOf(name);
+  return [OvNewImageByReferencingFile(path) autorelease];
 }

@@ -123,7 +123,7 @@ NSString *const kTexts[] = {@"", @"A title that is much wider than its button"};
 - (NSMenu *)sampleMenu {
   NSMenu *menu = [[[NSMenu alloc] initWithTitle:@""] autorelease];
   for (NSString *title in @[ @"Opened", @"Copy", @"Rename", @"Move to trash" ]) {
-    NSMenuItem *item = [menu addItemWithTitle:title
+    NSMenuItem *item = (NSMenuItem *)[menu addItemWithTitle:title
                                        action:@selector(menuItemChosen:)
                                 keyEquivalent:@""];
     [item setTarget:self];

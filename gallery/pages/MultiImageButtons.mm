@@ -156,7 +156,7 @@ NSString *const kHints[kRowCount] = {
 - (NSMenu *)sampleMenu {
   NSMenu *menu = [[[NSMenu alloc] initWithTitle:@""] autorelease];
   for (NSString *title in @[ @"By name", @"By date", @"By size" ]) {
-    NSMenuItem *item = [menu addItemWithTitle:title
+    NSMenuItem *item = (NSMenuItem *)[menu addItemWithTitle:title
                                        action:@selector(menuItemChosen:)
                                 keyEquivalent:@""];
     [item setTarget:self];
