@@ -93,8 +93,9 @@ NSString *const kTexts[] = {@"", @"A title that is much wider than its button"};
     _positions[i] = [self addButton:kPositionNames[i]];
     [_positions[i] setImagePosition:static_cast<NSCellImagePosition>(i)];
   }
-  NSString *const captions[] = {@"Every state of the set, held still", @"Live",
-                                @"The icon at each position"};
+  NSString *const captions[] = {
+      @"Every state of the set, held still", @"Live",
+      @"The icon at each position; y grows downward in a button, so below is above"};
   for (int i = 0; i < 3; ++i) {
     _captions[i] = [self add:GalleryLabel(captions[i], GalleryFont(12), GalleryQuietTextColor())];
   }
@@ -124,8 +125,8 @@ NSString *const kTexts[] = {@"", @"A title that is much wider than its button"};
   NSMenu *menu = [[[NSMenu alloc] initWithTitle:@""] autorelease];
   for (NSString *title in @[ @"Opened", @"Copy", @"Rename", @"Move to trash" ]) {
     NSMenuItem *item = (NSMenuItem *)[menu addItemWithTitle:title
-                                       action:@selector(menuItemChosen:)
-                                keyEquivalent:@""];
+                                                     action:@selector(menuItemChosen:)
+                                              keyEquivalent:@""];
     [item setTarget:self];
   }
   return menu;
@@ -207,7 +208,8 @@ NSString *const kTexts[] = {@"", @"A title that is much wider than its button"};
   for (int i = 0; i < kLiveCount; ++i) {
     if (_live[i] == button) title = kNames[i];
   }
-  [_log addEvent:[button state] == NSOnState ? @"action, on" : @"action" from:title color:nil];
+  const BOOL on = button == _live[kToggle] && [button state] == NSOnState;
+  [_log addEvent:on ? @"action, on" : @"action" from:title color:nil];
   [self changed];
 }
 

@@ -27,7 +27,7 @@ NSString *const kTitles[kRowCount] = {
 NSString *const kHints[kRowCount] = {
     @"acts when it is released inside",    @"shows a picture under the mouse",
     @"pops its menu up instead of acting", @"another picture while pressed",
-    @"pops its menu up at once",           @"acts on a click; the menu comes after half a second"};
+    @"pops its menu up at once",           @"acts on a click; held, it pops its menu up"};
 
 }  // namespace
 
@@ -80,6 +80,10 @@ NSString *const kHints[kRowCount] = {
 
 + (NSString *)title {
   return @"Multi-image and selectable buttons";
+}
+
++ (NSString *)shortTitle {
+  return @"Multi-image buttons";
 }
 
 + (NSString *)summary {
@@ -157,8 +161,8 @@ NSString *const kHints[kRowCount] = {
   NSMenu *menu = [[[NSMenu alloc] initWithTitle:@""] autorelease];
   for (NSString *title in @[ @"By name", @"By date", @"By size" ]) {
     NSMenuItem *item = (NSMenuItem *)[menu addItemWithTitle:title
-                                       action:@selector(menuItemChosen:)
-                                keyEquivalent:@""];
+                                                     action:@selector(menuItemChosen:)
+                                              keyEquivalent:@""];
     [item setTarget:self];
   }
   return menu;

@@ -35,6 +35,8 @@ extern NSString *const GalleryPageDidChangeNotification;
 // For the command line and for files: lower case, no spaces.
 + (NSString *)name;
 + (NSString *)title;
+// For the list of pages; the title by default.
++ (NSString *)shortTitle;
 // One sentence under the title.
 + (NSString *)summary;
 

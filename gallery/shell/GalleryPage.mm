@@ -45,6 +45,10 @@ static std::vector<Class> &pageClasses() {
   return @"";
 }
 
++ (NSString *)shortTitle {
+  return [self title];
+}
+
 + (NSString *)summary {
   return @"";
 }

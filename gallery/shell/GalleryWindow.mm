@@ -205,7 +205,7 @@ static const CGFloat kProgressWidth = 160;
     objectValueForTableColumn:(NSTableColumn *)column
                           row:(NSInteger)row {
   (void)table, (void)column;
-  return [[[_pages objectAtIndex:row] class] title];
+  return [[[_pages objectAtIndex:row] class] shortTitle];
 }
 
 - (void)tableViewSelectionDidChange:(NSNotification *)notification {

@@ -37,6 +37,8 @@ struct GalleryState {
 
   std::string value(const std::string &key) const;
   int number(const std::string &key) const;
+  // A line of the page's log: 0 is the newest.
+  std::string logged(int back) const;
   // Of a control; empty if there is none.
   ScreenRect rect(const std::string &name) const;
 };

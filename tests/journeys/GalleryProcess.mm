@@ -30,6 +30,10 @@ std::string GalleryState::value(const std::string &key) const {
 
 int GalleryState::number(const std::string &key) const { return std::atoi(value(key).c_str()); }
 
+std::string GalleryState::logged(int back) const {
+  return value("log." + std::to_string(number("log") - 1 - back));
+}
+
 ScreenRect GalleryState::rect(const std::string &name) const {
   const auto found = rects.find(name);
   return found == rects.end() ? ScreenRect() : found->second;

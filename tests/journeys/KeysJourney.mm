@@ -34,7 +34,7 @@ class KeysJourney : public GalleryJourney {
 
   std::string lastQuestion() const {
     const GalleryState s = state();
-    return s.value("log." + std::to_string(s.number("log") - 1));
+    return s.logged(0);
   }
 };
 

@@ -12,20 +12,16 @@ class ScrollersJourney : public GalleryJourney {
     waitFor(page, [&](const GalleryState &s) { return s.value("page") == page; });
   }
 
-  static std::string line(const GalleryState &s, int index) {
-    return s.value("log." + std::to_string(index));
-  }
-
   static bool starts(const std::string &line, const std::string &text) {
     return line.compare(0, text.size(), text) == 0;
   }
 
   // The newest lines are: did track, the content's moves, will track.
   static bool tracked(const GalleryState &s, const std::string &part, const std::string &look) {
-    if (line(s, 0) != "did track " + part + " " + look) return false;
+    if (s.logged(0) != "did track " + part + " " + look) return false;
     int i = 1;
-    while (starts(line(s, i), "content at ")) ++i;
-    return i > 1 && line(s, i) == "will track " + part + " " + look;
+    while (starts(s.logged(i), "content at ")) ++i;
+    return i > 1 && s.logged(i) == "will track " + part + " " + look;
   }
 
   // Moves what is held so far.
