@@ -215,7 +215,7 @@ NSString *const kTexts[] = {@"", @"A title that is much wider than its button"};
 
 - (void)imageButton:(HXImageButton *)button willPopUpMenu:(NSMenu *)menu {
   (void)button;
-  NSString *title = [NSString stringWithFormat:@"Opened %d times", ++_popUps];
+  NSString *title = [NSString stringWithFormat:@"Opened: %d", ++_popUps];
   [[menu itemAtIndex:0] setTitle:title];
   [_log addEvent:@"willPopUpMenu" from:@"menu" color:GalleryQuietTextColor()];
   [self changed];
