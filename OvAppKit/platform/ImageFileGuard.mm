@@ -8,7 +8,17 @@ namespace {
 constexpr unsigned long long kMostBytes = 4 * ov::kMostImagePixels;
 
 NSImage *newImage(NSData *data) __attribute__((ns_returns_retained));
-NSImage *newImage(NSData *data) { return data ? [[NSImage alloc] initWithData:data] : nil; }
+NSImage *newImage(NSData *data) {
+  if (data == nil) return nil;
+  NSImage *image = [NSImage alloc];
+  @try {
+    return [image initWithData:data];
+  } @catch (NSException *) {
+    // Some damage is met with an exception: a JPEG without pixels, less than four bytes.
+    [image release];
+    return nil;
+  }
+}
 
 }  // namespace
 
