@@ -21,8 +21,8 @@
 
 /** For the main thread.
 
-    Nothing here reports an error: a picture that is missing, damaged or not to be trusted leaves its
-    place empty, and nothing is drawn there.
+    Nothing here reports an error: a picture that is missing, damaged or not to be trusted leaves
+    its place empty, and nothing is drawn there.
 
     "Strechable" in the selectors is spelled so deliberately. */
 @interface HXImageControlImageContainer : NSObject {
