@@ -1,7 +1,8 @@
 // Pictures that the platform cannot be trusted with. Its readers overwrite memory for some
 // layouts of TIFF, keep the rows of a PNG on the stack, and multiply sizes in 32 bits; a
-// damaged TIFF comes back as an object that was released already. Whatever loads a picture of
-// unknown origin asks here first. Removable once the readers check for themselves.
+// damaged TIFF comes back as an object that was released already, or ends the program. Whatever
+// loads a picture of unknown origin asks here first. Removable once the readers check for
+// themselves.
 
 #pragma once
 

@@ -1,10 +1,13 @@
 #import <OvAppKit/HXDictionaryImageContainer.h>
 #import <OvAppKit/HXImageControlImageResourceNameSuffixRegistry.h>
+#import <OvAppKit/NSBitmapImageRep+OvAppKit.h>
 #import <OvAppKit/NSBundle+OvAppKit.h>
 
+#include <dlfcn.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdarg>
 #include <string>
 #include <vector>
 
@@ -50,6 +53,10 @@ class HostileImages : public ov::test::LiveTest {
     put(@"many.tiff", ov::test::grayTIFF(8, 6));
     put(@"half.tiff", half(ov::test::grayTIFF(8, 1)));
     put(@"half.gif", half(encoded(NSGIFFileType)));
+    // A remark of 65,535 bytes that are not there.
+    NSMutableData *remark = [NSMutableData dataWithData:encoded(NSJPEGFileType)];
+    [remark replaceBytesInRange:NSMakeRange(2, 0) withBytes:"\xFF\xFE\xFF\xFF" length:4];
+    put(@"remark.jpg", remark);
     put(@"start.jpg", [encoded(NSJPEGFileType) subdataWithRange:NSMakeRange(0, 20)]);
 
     NSString *folder = [art.put(@"real.png", corners()) stringByDeletingLastPathComponent];
@@ -256,6 +263,29 @@ TEST_F(HostileImages, HeadersOfOtherFormatsDoNoHarm) {
     [container setImageWithPath:path forImagePart:0 imageVariation:0];
     draw(container);
     EXPECT_LE(log.lines().size(), kFewLines) << log.lines()[0];
+  }
+}
+
+// The handler that another library leaves behind would end the program.
+TEST_F(HostileImages, DamagedTIFFsDoNotReachAHandlerOfErrors) {
+  using Handler = void (*)(const char *, const char *, va_list);
+  using Setter = Handler(Handler);
+  for (const char *name : {"TIFFSetErrorHandler", "TIFFSetWarningHandler"}) {
+    auto *setHandler = reinterpret_cast<Setter *>(dlsym(RTLD_DEFAULT, name));
+    ASSERT_NE(setHandler, nullptr);
+    static int complaints;
+    complaints = 0;
+    const Handler handler = [](const char *, const char *, va_list) { complaints++; };
+    const Handler before = setHandler(handler);
+    for (NSString *path : {art.put(@"half.tiff", half(ov::test::grayTIFF(8, 1))),
+                           art.put(@"text.png", [NSMutableData dataWithLength:100])}) {
+      HXImageSegment *segment = [[[HXImageSegment alloc] initWithPath:path] autorelease];
+      EXPECT_EQ([segment image], nil);
+      NSBitmapImageRep *bitmap = [[NSBitmapImageRep alloc] initWithContentsOfFile:path];
+      EXPECT_EQ(bitmap, nil);
+    }
+    EXPECT_EQ(complaints, 0) << name;
+    EXPECT_EQ(setHandler(before), handler) << "is put back";
   }
 }
 
