@@ -12,7 +12,7 @@
 BOOL OvIsSafeImageData(NSData *data);
 
 // The whole of a file, autoreleased, when it may be; nil for what is not a regular file, too,
-// since reading another one may never end.
+// since reading another one may never end, and for one of no bytes or more than half a gigabyte.
 NSData *OvSafeImageDataWithContentsOfFile(NSString *path);
 
 // What -initWithData: should be: takes over an allocated bitmap and answers it initialised, or
