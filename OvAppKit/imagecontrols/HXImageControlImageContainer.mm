@@ -281,11 +281,13 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
               imagePart:(HXImageControlImagePart)part
          imageVariation:(HXImageControlImageVariation)variation {
   if (part >= kPartCount || variation >= kVariationCount) return;
-  HXImageSegment *segment = imageSegments_[part][variation];
-  if (segment == nil) segment = imageSegments_[part][HXImageControlImageVariationDefault];
-  if ([segment image] == nil) return;
-  [[segment image] setFlipped:flipped];
-  OvDrawImagePart([segment image], rect, [segment rect], flipped);
+  HXImageSegment *found = imageSegments_[part][variation];
+  if (found == nil) found = imageSegments_[part][HXImageControlImageVariationDefault];
+  // A host's image may change the container while it is drawn.
+  const auto segment = ov::retain(found);
+  NSImage *image = [segment.get() image];
+  [image setFlipped:flipped];
+  OvDrawImagePart(image, rect, [segment.get() rect], flipped);
 }
 
 @end

@@ -1,7 +1,8 @@
 // Pictures that the platform cannot be trusted with. Its readers overwrite memory for some
 // layouts of TIFF, keep the rows of a PNG on the stack, and multiply sizes in 32 bits; a
-// damaged TIFF comes back as an object that was released already. Whatever loads a picture of
-// unknown origin asks here first. Removable once the readers check for themselves.
+// damaged TIFF comes back as an object that was released already, or ends the program. Whatever
+// loads a picture of unknown origin asks here first. Removable once the readers check for
+// themselves.
 
 #pragma once
 
@@ -11,7 +12,7 @@
 BOOL OvIsSafeImageData(NSData *data);
 
 // The whole of a file, autoreleased, when it may be; nil for what is not a regular file, too,
-// since reading another one may never end.
+// since reading another one may never end, and for one of no bytes or more than half a gigabyte.
 NSData *OvSafeImageDataWithContentsOfFile(NSString *path);
 
 // What -initWithData: should be: takes over an allocated bitmap and answers it initialised, or

@@ -164,43 +164,82 @@ bool isSafeGIF(Bytes bytes) {
   return false;
 }
 
+// Whether a marker is followed by the length of its segment. Restarts come amid pixels.
+bool hasLength(std::uint32_t marker) {
+  return marker != 0x00 && marker != 0x01 && !(marker >= 0xD0 && marker <= 0xD8);
+}
+
+bool isFrame(std::uint32_t marker) {
+  return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
+}
+
+// Goes through the segments, also of later scans, since the platform's reader follows a length
+// beyond the end. Bytes between them that belong to none are passed over as that reader does.
+// Pixels may end early.
 bool isSafeJPEG(Bytes bytes) {
+  constexpr std::uint32_t kEnd = 0xD9;
+  constexpr std::uint32_t kScan = 0xDA;
   Reader reader(bytes, true);
-  for (std::uint64_t place = 2; !reader.failed();) {
-    if (reader.number(place, 1) != 0xFF) return false;
+  bool sawFrame = false;
+  bool sawScan = false;
+  std::uint64_t place = 2;
+  for (; place < bytes.size(); place++) {
+    if (bytes[static_cast<std::size_t>(place)] != 0xFF) continue;
+    if (place + 1 == bytes.size()) break;
     const std::uint32_t marker = reader.number(place + 1, 1);
-    if (marker == 0xFF) {  // filling
+    if (marker == 0xFF) continue;  // filling
+    if (marker == kEnd) break;
+    if (!hasLength(marker)) {
       place += 1;
       continue;
     }
-    const bool isFrame =
-        marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
-    if (isFrame) {
-      const bool safe = hasSafeSize(reader.number(place + 7, 2), reader.number(place + 5, 2));
-      return safe && !reader.failed();
+    const std::uint64_t end = place + 2 + reader.number(place + 2, 2);
+    if (reader.failed() || end > bytes.size() || end < place + 4) return false;
+    if (isFrame(marker)) {
+      if (!hasSafeSize(reader.number(place + 7, 2), reader.number(place + 5, 2))) return false;
+      sawFrame = true;
     }
-    const bool standsAlone = marker == 0x01 || (marker >= 0xD0 && marker <= 0xD8);
-    // The end, or pixels, before a frame.
-    if (marker == 0xD9 || marker == 0xDA) return false;
-    place += 2 + (standsAlone ? 0 : std::uint64_t{reader.number(place + 2, 2)});
+    sawScan = sawScan || marker == kScan;
+    place = end - 1;
   }
-  return false;
+  return sawFrame && sawScan && !reader.failed();
+}
+
+enum class Format { Other, TIFF, RelativeOfTIFF, PNG, GIF, JPEG };
+
+Format formatOf(Bytes bytes) {
+  using namespace std::string_view_literals;
+  if (startsWith(bytes, "II*\0"sv) || startsWith(bytes, "MM\0*"sv)) return Format::TIFF;
+  // The platform's library reads these, too: with 64-bit offsets, and EP.
+  constexpr std::array kRelatives = {"II+\0"sv, "MM\0+"sv, "EP*\0"sv, "EP\0*"sv};
+  if (std::any_of(kRelatives.begin(), kRelatives.end(),
+                  [&](std::string_view start) { return startsWith(bytes, start); })) {
+    return Format::RelativeOfTIFF;
+  }
+  if (startsWith(bytes, "\x89PNG"sv)) return Format::PNG;
+  if (startsWith(bytes, "GIF8"sv)) return Format::GIF;
+  return startsWith(bytes, "\xFF\xD8"sv) ? Format::JPEG : Format::Other;
 }
 
 }  // namespace
 
+bool isKnownImage(Bytes bytes) { return formatOf(bytes) != Format::Other; }
+
 bool isSafeImage(Bytes bytes) {
-  using namespace std::string_view_literals;
-  if (startsWith(bytes, "II*\0"sv) || startsWith(bytes, "MM\0*"sv)) return isSafeTIFF(bytes);
-  // Relatives of TIFF, which the platform's library reads too: with 64-bit offsets, and EP.
-  constexpr std::array kRelatives = {"II+\0"sv, "MM\0+"sv, "EP*\0"sv, "EP\0*"sv};
-  if (std::any_of(kRelatives.begin(), kRelatives.end(),
-                  [&](std::string_view start) { return startsWith(bytes, start); })) {
-    return false;
+  switch (formatOf(bytes)) {
+    case Format::TIFF:
+      return isSafeTIFF(bytes);
+    case Format::RelativeOfTIFF:
+      return false;
+    case Format::PNG:
+      return isSafePNG(bytes);
+    case Format::GIF:
+      return isSafeGIF(bytes);
+    case Format::JPEG:
+      return isSafeJPEG(bytes);
+    case Format::Other:
+      return true;
   }
-  if (startsWith(bytes, "\x89PNG"sv)) return isSafePNG(bytes);
-  if (startsWith(bytes, "GIF8"sv)) return isSafeGIF(bytes);
-  if (startsWith(bytes, "\xFF\xD8"sv)) return isSafeJPEG(bytes);
   return true;
 }
 

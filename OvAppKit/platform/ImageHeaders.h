@@ -12,8 +12,11 @@ namespace ov {
 inline constexpr std::uint64_t kLongestImageSide = 32767;
 inline constexpr std::uint64_t kMostImagePixels = std::uint64_t{1} << 27;
 
-// Whether the platform can be trusted with the bytes of a picture. Formats other than TIFF, PNG,
-// GIF and JPEG are not looked at and count as safe; of those, a header that is damaged, or that
+// Whether the bytes begin as TIFF, PNG, GIF or JPEG, which the platform reads itself.
+bool isKnownImage(std::span<const std::uint8_t> bytes);
+
+// Whether the platform can be trusted with the bytes of a picture. Formats other than the known
+// ones are not looked at and count as safe; of those, a header that is damaged, or that
 // tells of no pixels, too many, or a layout that the platform's reader has no room for, is not.
 bool isSafeImage(std::span<const std::uint8_t> bytes);
 

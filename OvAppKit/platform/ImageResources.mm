@@ -58,8 +58,8 @@ NSString *ImageResources::pathOf(NSString *name) {
 }
 
 bool ImageResources::mayExist(NSString *name) {
-  // A bundle of another class may look anywhere, and so does the platform for a path.
-  if ([bundle_ class] != [NSBundle class] || [name rangeOfString:@"/"].length > 0) return true;
+  // A bundle of another class may look anywhere.
+  if ([bundle_ class] != [NSBundle class]) return true;
   if (names_.get() == nil) names_ = retain(namesOfFiles(bundle_));
   return [names_.get() containsObject:name];
 }

@@ -115,7 +115,9 @@ NSString *ArtBundle::put(NSString *name, NSData *data) const {
 }
 
 NSBundle *ArtBundle::bundle(Class bundleClass) const {
-  return [[[bundleClass alloc] initWithPath:folder_.path(@"Art.bundle")] autorelease];
+  NSString *path = folder_.path(@"Art.bundle");
+  std::filesystem::create_directories([path fileSystemRepresentation]);
+  return [[[bundleClass alloc] initWithPath:path] autorelease];
 }
 
 }  // namespace ov::test

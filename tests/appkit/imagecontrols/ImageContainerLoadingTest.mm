@@ -1,6 +1,8 @@
 #import <OvAppKit/HXImageControlImageResourceNameSuffixRegistry.h>
 #import <OvAppKit/NSBundle+OvAppKit.h>
 
+#include <objc/runtime.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <set>
@@ -14,6 +16,17 @@ using Registry = HXImageControlImageResourceNameSuffixRegistry;
 namespace {
 std::vector<std::string> lookUps;
 Registry *ownRegistry = nil;
+
+// IMP's own type fits no method.
+using LookUp = NSString *(id, SEL, NSString *);
+IMP asMethod(LookUp *function) { return reinterpret_cast<IMP>(reinterpret_cast<void *>(function)); }
+
+LookUp *platformLookUp = nullptr;
+NSString *countLookUp(id bundle, SEL selector, NSString *name) {
+  lookUps.push_back([name UTF8String]);
+  return platformLookUp(bundle, selector, name);
+}
+
 }  // namespace
 
 /* Writes down what it is asked for, and finds nothing. */
@@ -26,6 +39,8 @@ Registry *ownRegistry = nil;
   return nil;
 }
 - (NSString *)pathForResource:(NSString *)name ofType:(NSString *)type {
+  // The platform looks for its own list.
+  if ([type isEqualToString:@"plist"]) return nil;
   lookUps.push_back(std::string([name UTF8String]) + " of " + [type UTF8String]);
   return nil;
 }
@@ -192,16 +207,15 @@ TEST_F(ImageContainerLoading, AnExtensionFindsOnlyItsType) {
   EXPECT_EQ(count(separated(@"B", art.bundle())), 0);
 }
 
-TEST_F(ImageContainerLoading, PathsAndLanguagesAreFoundBesides) {
+TEST_F(ImageContainerLoading, LanguagesAreFoundBesides) {
   art.put(@"sub/B-default.png", plain(2, 2, kRed));
   art.put(@"English.lproj/B-disabled.png", plain(2, 2, kRed));
   art.put(@"B-highlighted.png", plain(2, 2, kRed));
   NSBundle *bundle = art.bundle();
   EXPECT_TRUE([separated(@"B", bundle) containsImageVariation:4 forImagePart:0]);
   EXPECT_EQ(count(separated(@"B", bundle)), 2);
-  // As the platform says.
-  EXPECT_EQ(count(separated(@"sub/B", bundle)),
-            [bundle pathForImageResource:@"sub/B-default"] != nil ? 1 : 0);
+  // The platform takes no paths.
+  EXPECT_EQ(count(separated(@"sub/B", bundle)), 0);
 }
 
 TEST_F(ImageContainerLoading, TheSharedNamesCanBeChanged) {
@@ -305,6 +319,23 @@ TEST_F(ImageContainerLoading, ThePicturesOfThePlatformAreFoundInSets) {
   OvTestContainer *container = separated(@"common_", art.bundle(), [OvTestNamingContainer class]);
   EXPECT_EQ(count(container), 5);
   EXPECT_TRUE([container containsImageForImagePart:10]);
+}
+
+// Each would take the platform as long as everything else together.
+TEST_F(ImageContainerLoading, NamesWithoutAPictureAreNotLookedForOneByOne) {
+  art.put(@"B-default.png", plain(3, 3, kRed));
+  art.put(@"B-disabled-accessory.png", plain(3, 3, kRed));
+  for (int i = 0; i < 3000; i++) {
+    art.put([NSString stringWithFormat:@"other-%d.txt", i], [NSData data]);
+  }
+  Method method = class_getInstanceMethod([NSBundle class], @selector(pathForImageResource:));
+  const IMP platform = method_setImplementation(method, asMethod(countLookUp));
+  platformLookUp = reinterpret_cast<LookUp *>(reinterpret_cast<void *>(platform));
+  const int counted = count(separated(@"B", art.bundle()));
+  method_setImplementation(method, platform);
+  EXPECT_EQ(counted, 2);
+  EXPECT_EQ(lookUps,
+            (std::vector<std::string>{"B-default", "B-highlighted", "B-disabled-accessory"}));
 }
 
 // MARK: Stretchable

@@ -87,17 +87,35 @@ Bytes gif(std::uint32_t width, std::uint32_t height, std::uint8_t common, std::u
   return bytes;
 }
 
+// A frame of one component, and its scan.
 Bytes jpeg(std::uint32_t width, std::uint32_t height, std::uint8_t frame = 0xC0) {
   Bytes bytes = {0xFF, 0xD8, 0xFF, 0xE0, 0, 4, 'J', 'F', 0xFF, 0xFF, frame, 0, 11, 8};
   add(bytes, height, 2, true);
   add(bytes, width, 2, true);
+  bytes.insert(bytes.end(), {1, 1, 0x11, 0});
+  bytes.insert(bytes.end(), {0xFF, 0xDA, 0, 8, 1, 1, 0, 0, 63, 0});
+  bytes.insert(bytes.end(), {1, 2, 0xFF, 0, 3, 0xFF, 0xD0, 4});
+  bytes.insert(bytes.end(), {0xFF, 0xD9});
   return bytes;
 }
+// What comes before the pixels.
+constexpr std::size_t kHeaderOfJPEG = 32;
 
 TEST(ImageHeaders, OtherFormatsAreNotLookedAt) {
   EXPECT_TRUE(isSafeImage({}));
   EXPECT_TRUE(isSafeImage(Bytes{'B', 'M', 1, 2, 3}));
   EXPECT_TRUE(isSafeImage(Bytes{'I', 'I'}));
+}
+
+TEST(ImageHeaders, KnownFormatsAreKnownByTheirStart) {
+  for (const Bytes& bytes : {tiff({}), tiff({}, true), png(0, 0), gif(0, 0, 0, 0, 0), jpeg(0, 0)}) {
+    EXPECT_TRUE(isKnownImage(bytes));
+    EXPECT_FALSE(isSafeImage(bytes));
+  }
+  EXPECT_TRUE(isKnownImage(Bytes{'I', 'I', '+', 0}));
+  EXPECT_FALSE(isKnownImage({}));
+  EXPECT_FALSE(isKnownImage(Bytes{'B', 'M', 1, 2, 3}));
+  EXPECT_FALSE(isKnownImage(Bytes{'I', 'I'}));
 }
 
 TEST(ImageHeaders, TIFFOfWholeBytesIsSafe) {
@@ -220,12 +238,45 @@ TEST(ImageHeaders, GIFNeedsColours) {
 TEST(ImageHeaders, JPEGHasAFrame) {
   EXPECT_TRUE(isSafeImage(jpeg(10, 10, 0xC2)));
   EXPECT_FALSE(isSafeImage(jpeg(10, 10, 0xC4))) << "a table is no frame";
-  EXPECT_FALSE(isSafeImage(jpeg(10, 10, 0xDA))) << "pixels before it";
-  EXPECT_FALSE(isSafeImage(jpeg(10, 10, 0xD9)));
+  EXPECT_FALSE(isSafeImage(jpeg(10, 10, 0xD9))) << "the end before it";
   const Bytes whole = jpeg(10, 10);
   for (std::size_t length = 2; length < whole.size(); length++) {
-    EXPECT_FALSE(isSafeImage(std::span(whole).first(length))) << length;
+    EXPECT_EQ(isSafeImage(std::span(whole).first(length)), length >= kHeaderOfJPEG) << length;
   }
+}
+
+TEST(ImageHeaders, NoSegmentOfAJPEGLeadsBeyondTheEnd) {
+  // A remark in each place between segments, and amid the pixels.
+  for (const std::size_t place : {2u, 8u, 22u, 32u, 34u, 40u}) {
+    Bytes bytes = jpeg(10, 10);
+    const auto at = bytes.begin() + static_cast<std::ptrdiff_t>(place);
+    const std::size_t most = bytes.size() - place + 2;
+    Bytes remark = {0xFF, 0xFE, 0, 3, '!'};
+    bytes.insert(at, remark.begin(), remark.end());
+    EXPECT_TRUE(isSafeImage(bytes)) << place;
+    for (const std::size_t length : {0u, 1u}) {
+      bytes[place + 3] = static_cast<std::uint8_t>(length);
+      EXPECT_FALSE(isSafeImage(bytes)) << place;
+    }
+    bytes[place + 3] = static_cast<std::uint8_t>(most + 2);
+    EXPECT_FALSE(isSafeImage(bytes)) << place;
+    bytes[place + 2] = 0xFF;
+    EXPECT_FALSE(isSafeImage(bytes)) << place;
+  }
+}
+
+TEST(ImageHeaders, JPEGMayHaveBytesBetweenItsSegments) {
+  Bytes bytes = jpeg(10, 10);
+  const Bytes more = {0, 0, 'x', 0xFF, 0xFF};
+  bytes.insert(bytes.begin() + 8, more.begin(), more.end());
+  EXPECT_TRUE(isSafeImage(bytes));
+}
+
+TEST(ImageHeaders, EveryFrameOfAJPEGCounts) {
+  Bytes bytes = jpeg(10, 10);
+  const Bytes frame = {0xFF, 0xC1, 0, 11, 8, 0xFF, 0xFF, 0xFF, 0xFF, 1, 1, 0x11, 0};
+  bytes.insert(bytes.begin() + 22, frame.begin(), frame.end());
+  EXPECT_FALSE(isSafeImage(bytes));
 }
 
 TEST(ImageHeaders, NoBytesLeadBeyondTheEnd) {
