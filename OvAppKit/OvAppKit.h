@@ -11,6 +11,8 @@
 #import <OvAppKit/HXImageControlConstants.h>
 #import <OvAppKit/HXImageControlImageContainer.h>
 #import <OvAppKit/HXImageControlImageResourceNameSuffixRegistry.h>
+#import <OvAppKit/HXImagePopUpButton.h>
+#import <OvAppKit/HXImagePopUpButtonCell.h>
 #import <OvAppKit/HXImageSegment.h>
 #import <OvAppKit/HXKeyEventIntercepter.h>
 #import <OvAppKit/HXMatrixView.h>

@@ -48,7 +48,8 @@ class MenuTracking {
   bool openingClick_;     // its release is still to come
   bool visited_ = false;  // the pointer has been on an item
   bool done_ = false;
-  int patience_ = 0;  // how often the pointer may yet pass over others on its way to a submenu
+  bool waiting_ = false;  // for the pointer to show where it goes
+  int patience_ = 0;      // how often the pointer may yet pass over others on its way to a submenu
 };
 
 }  // namespace ov

@@ -26,6 +26,14 @@ NSMenu *openSubmenuOf(NSMenu *menu) {
   return [submenu isTransient] ? submenu : nil;
 }
 
+// Its item stays highlighted, which the platform does not see to.
+void closeSubmenu(NSMenu *submenu) {
+  NSMenu *menu = [submenu supermenu];
+  NSMenuView *view = [menu menuRepresentation];
+  [view detachSubmenu];
+  [view setHighlightedItemIndex:[menu indexOfItemWithSubmenu:submenu]];
+}
+
 bool isPress(NSEventType type) {
   return type == NSLeftMouseDown || type == NSRightMouseDown || type == NSOtherMouseDown;
 }
@@ -59,7 +67,7 @@ MenuChoice MenuTracking::run() {
                                             dequeue:YES];
       const NSPoint pointer = [NSEvent mouseLocation];
       // While it rests, the keyboard may have gone elsewhere.
-      if (!NSEqualPoints(pointer, pointer_)) follow(pointer);
+      if (waiting_ || !NSEqualPoints(pointer, pointer_)) follow(pointer);
       if ([menu_ isPartlyOffScreen]) [menu_ shiftOnScreen];
       if (event != nil) handle(event);
     }
@@ -124,6 +132,7 @@ NSMenu *MenuTracking::innermost() const {
 void MenuTracking::follow(NSPoint pointer) {
   const CGFloat rightward = pointer.x - pointer_.x;
   pointer_ = pointer;
+  waiting_ = false;
   const Place place = placeOf(pointer);
   if (place.menu == nil) {
     [[innermost() menuRepresentation] setHighlightedItemIndex:-1];
@@ -133,23 +142,27 @@ void MenuTracking::follow(NSPoint pointer) {
   const NSInteger index = canBeChosen(place.menu, place.index) ? place.index : -1;
   visited_ = visited_ || index != -1;
   if (index == [view highlightedItemIndex]) {
-    // Back from a submenu of the submenu, or from one of its items.
-    if (NSMenu *submenu = openSubmenuOf(place.menu)) {
+    NSMenu *submenu = openSubmenuOf(place.menu);
+    if (submenu != nil) {
+      // Back from one of its items, or from a submenu of it.
       [[submenu menuRepresentation] detachSubmenu];
       [[submenu menuRepresentation] setHighlightedItemIndex:-1];
+    } else {
+      openSubmenu();  // the keyboard got here first
     }
     return;
   }
   if (openSubmenuOf(place.menu) != nil && rightward > kTowardsSubmenu && patience_ > 0) {
     patience_--;
+    waiting_ = true;
     return;
   }
   [view detachSubmenu];
   [view setHighlightedItemIndex:index];
-  if (index != -1 && [[place.menu itemAtIndex:index] hasSubmenu]) openSubmenu();
+  openSubmenu();
 }
 
-// The highlighted item's of the innermost menu.
+// The highlighted item's of the innermost menu, if it has one.
 void MenuTracking::openSubmenu() {
   NSMenu *menu = innermost();
   NSMenuView *view = [menu menuRepresentation];
@@ -183,7 +196,7 @@ void MenuTracking::keyPressed(NSEvent *event) {
       if (innermost() != menu) step(1);
       break;
     case NSLeftArrowFunctionKey:
-      if (menu != menu_) [[[menu supermenu] menuRepresentation] detachSubmenu];
+      if (menu != menu_) closeSubmenu(menu);
       break;
     case NSCarriageReturnCharacter:
     case NSNewlineCharacter:
