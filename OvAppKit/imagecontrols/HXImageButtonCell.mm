@@ -10,6 +10,8 @@ namespace {
 // Shortens in the middle.
 constexpr int kTruncateMiddle = 16384;
 
+NSString *const kImagePositionKey = @"OvImagePosition";
+
 bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVariation variation) {
   return [container containsImageVariation:variation forImagePart:HXImageControlImagePartCenter];
 }
@@ -25,6 +27,21 @@ bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVa
   return copy;
 }
 
+- (id)initWithCoder:(NSCoder *)coder {
+  self = [super initWithCoder:coder];
+  if (self != nil && [coder allowsKeyedCoding] && [coder containsValueForKey:kImagePositionKey])
+    [self setImagePosition:static_cast<NSCellImagePosition>(
+                               [coder decodeIntForKey:kImagePositionKey])];
+  return self;
+}
+
+- (void)encodeWithCoder:(NSCoder *)coder {
+  [super encodeWithCoder:coder];
+  // The platform's keyed archives forget the position without an image of the cell's own.
+  if ([coder allowsKeyedCoding] && [self image] == nil)
+    [coder encodeInt:static_cast<int>([self imagePosition]) forKey:kImagePositionKey];
+}
+
 - (void)dealloc {
   [imageContainer_ release];
   [super dealloc];
@@ -36,6 +53,18 @@ bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVa
 
 - (HXImageControlImageContainer *)imageContainer {
   return imageContainer_;
+}
+
+- (void)setButtonType:(NSButtonType)type {
+  [super setButtonType:type];
+  // A type that shows the state by the background shows it by gray, too, in AppKit.
+  if ([self showsStateBy] & NSChangeBackgroundCellMask)
+    [self setShowsStateBy:[self showsStateBy] | NSChangeGrayCellMask];
+}
+
+- (void)setShowsBorderOnlyWhileMouseInside:(BOOL)flag {
+  // The platform keeps the last bit only, and its archives hand in an 8.
+  [super setShowsBorderOnlyWhileMouseInside:flag != NO];
 }
 
 - (BOOL)isOpaque {
