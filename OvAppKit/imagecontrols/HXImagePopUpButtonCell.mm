@@ -2,6 +2,8 @@
 
 #import <GNUstepGUI/GSTheme.h>
 
+#include <algorithm>
+
 #include "imagecontrols/ButtonLayout.h"
 #include "imagecontrols/FaceOfCell.h"
 #include "support/GeometryBridge.h"
@@ -43,6 +45,11 @@ void drawFocus(NSCell *cell, NSRect frame, NSView *view) {
 
 - (HXImageControlImageContainer *)imageContainer {
   return imageContainer_;
+}
+
+- (void)setShowsBorderOnlyWhileMouseInside:(BOOL)flag {
+  // The platform keeps the last bit only, and its archives hand in an 8.
+  [super setShowsBorderOnlyWhileMouseInside:flag != NO];
 }
 
 - (int32_t)_imageVariationWithFrame:(NSRect)frame inView:(NSView *)view {
@@ -95,6 +102,16 @@ void drawFocus(NSCell *cell, NSRect frame, NSView *view) {
   if (title != nil && !NSIsEmptyRect(rect)) [self drawTitle:title withFrame:rect inView:view];
 
   drawFocus(self, frame, view);
+}
+
+- (NSRect)titleRectForBounds:(NSRect)bounds {
+  NSRect title = [super titleRectForBounds:bounds];
+  if (imageContainer_ == nil) return title;
+  // The platform's is as wide as the text, whatever room there is.
+  const NSRect arrow = [self arrowRectForBounds:bounds];
+  const CGFloat end = NSIsEmptyRect(arrow) ? NSMaxX(bounds) : NSMinX(arrow);
+  title.size.width = std::min(NSWidth(title), std::max<CGFloat>(end - NSMinX(title), 0));
+  return title;
 }
 
 - (NSRect)arrowRectForBounds:(NSRect)bounds {
