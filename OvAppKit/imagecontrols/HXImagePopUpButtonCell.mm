@@ -35,7 +35,8 @@ void drawFocus(NSCell *cell, NSRect frame, NSView *view) {
 }
 
 - (void)dealloc {
-  [imageContainer_ release];
+  // The platform may close the menu yet.
+  OvReplaceRetained<HXImageControlImageContainer *>(&imageContainer_, nil);
   [super dealloc];
 }
 
@@ -102,6 +103,21 @@ void drawFocus(NSCell *cell, NSRect frame, NSView *view) {
   if (title != nil && !NSIsEmptyRect(rect)) [self drawTitle:title withFrame:rect inView:view];
 
   drawFocus(self, frame, view);
+}
+
+// A button is pressed for as long as its menu is open; the platform's pop-up buttons never are.
+- (void)attachPopUpWithFrame:(NSRect)frame inView:(NSView *)view {
+  [super attachPopUpWithFrame:frame inView:view];
+  if (imageContainer_ == nil) return;
+  [self setHighlighted:YES];
+  [view setNeedsDisplay:YES];
+}
+
+- (void)dismissPopUp {
+  [super dismissPopUp];
+  if (imageContainer_ == nil) return;
+  [self setHighlighted:NO];
+  [[self controlView] setNeedsDisplay:YES];
 }
 
 - (NSRect)titleRectForBounds:(NSRect)bounds {

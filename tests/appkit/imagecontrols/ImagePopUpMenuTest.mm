@@ -43,6 +43,7 @@ TEST_F(ImagePopUpUse, APressOpensTheMenuOverTheButtonAndAReleaseChooses) {
   NSRect menuFrame = NSZeroRect;
   NSRect selected = NSZeroRect;
   post(mouseEvent(NSLeftMouseDown, button, NSMakePoint(50, 10)));
+  int shownWhileOpen = -1;
   EXPECT_TRUE(runWithSteps({[&] {
                               menuFrame = [[items() window] frame];
                               selected = [items() convertRect:[items() rectOfItemAtIndex:0]
@@ -51,9 +52,15 @@ TEST_F(ImagePopUpUse, APressOpensTheMenuOverTheButtonAndAReleaseChooses) {
                                   [[items() window] convertBaseToScreen:selected.origin];
                               pointAtItem(2);
                             },
-                            [] {}, [] {}, [] {}, [] {},
-                            [&] { post(mouseEvent(NSLeftMouseUp, button, NSMakePoint(50, 10))); }},
+                            [&] {
+                              if ([items() highlightedItemIndex] != 2 || [button needsDisplay])
+                                return;
+                              shownWhileOpen = [artwork lastVariation];
+                              post(mouseEvent(NSLeftMouseUp, button, NSMakePoint(50, 10)));
+                            }},
                            [&] { pumpUntil([&] { return receiver->actions > 0; }); }));
+  EXPECT_EQ(shownWhileOpen, 1) << "it is pressed while its menu is open";
+  EXPECT_FALSE([cell isHighlighted]);
   // Where the platform puts it: the selected item over the button.
   const NSPoint middle = screenPoint(button, NSMakePoint(50, 10));
   EXPECT_TRUE(NSPointInRect(middle, menuFrame)) << middle << " in " << menuFrame;
@@ -65,6 +72,17 @@ TEST_F(ImagePopUpUse, APressOpensTheMenuOverTheButtonAndAReleaseChooses) {
   cell->steps.clear();
   pictureOf(button);
   EXPECT_EQ(cell->steps.back(), "Three");
+}
+
+TEST_F(ImagePopUpUse, WithoutContainerTheMenuHighlightsNothing) {
+  [button setImageContainer:nil];
+  [cell attachPopUpWithFrame:[button bounds] inView:button];
+  EXPECT_TRUE(isOpen());
+  EXPECT_FALSE([cell isHighlighted]);
+  [cell setHighlighted:YES];
+  [cell dismissPopUp];
+  EXPECT_FALSE(isOpen());
+  EXPECT_TRUE([cell isHighlighted]);
 }
 
 TEST_F(ImagePopUpUse, ADisabledOneOpensNothing) {
@@ -92,6 +110,7 @@ TEST_F(ImagePopUpUse, KeysOpenTheMenuAndChoose) {
   const unichar up = NSUpArrowFunctionKey;
   type(window, @" ");
   ASSERT_TRUE(pumpUntil([&] { return isOpen(); }));
+  EXPECT_TRUE(comesToShow(1));
   type(window, [NSString stringWithCharacters:&down length:1]);
   type(window, [NSString stringWithCharacters:&down length:1]);
   type(window, [NSString stringWithCharacters:&up length:1]);
@@ -109,6 +128,7 @@ TEST_F(ImagePopUpUse, KeysOpenTheMenuAndChoose) {
   type(window, @"\x1b");
   EXPECT_TRUE(pumpUntil([&] { return !isOpen(); }));
   EXPECT_EQ(receiver->actions, 1) << "Escape chooses nothing";
+  EXPECT_TRUE(comesToShow(0));
 }
 
 TEST_F(ImagePopUpUse, AnotherSelectionIsDrawn) {
@@ -141,9 +161,11 @@ TEST_F(ImagePopUpUse, WithoutMouseOverArtworkNothingIsDrawnAnew) {
   EXPECT_EQ([plain lastVariation], -1);
 }
 
-TEST_F(ImagePopUpUse, DiesUnderThePointerAndOpen) {
+TEST_F(ImagePopUpUse, DiesUnderThePointerWithItsMenuOpen) {
   movePointerTo(button, NSMakePoint(50, 10));
   EXPECT_TRUE(comesToShow(3));
+  [cell attachPopUpWithFrame:[button bounds] inView:button];
+  EXPECT_TRUE(isOpen());
   OvTestGround *ground = groundOf(button);
   [button removeFromSuperview];
   drainPool();
