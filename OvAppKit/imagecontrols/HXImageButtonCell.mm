@@ -70,8 +70,6 @@ bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVa
     return;
   }
   if ([self isTransparent]) return;
-  // A cell that changes tells the view that it was drawn in.
-  [self setControlView:view];
 
   const ov::FaceArtwork artwork = {
       .mousePushed = hasVariation(imageContainer_, HXImageControlImageVariationMousePushed),
