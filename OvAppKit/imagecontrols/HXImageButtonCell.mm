@@ -2,6 +2,7 @@
 
 #include "imagecontrols/ButtonLayout.h"
 #include "imagecontrols/FaceOfCell.h"
+#include "platform/ButtonArchiving.h"
 #include "support/GeometryBridge.h"
 #include "support/Retained.h"
 
@@ -9,8 +10,6 @@ namespace {
 
 // Shortens in the middle.
 constexpr int kTruncateMiddle = 16384;
-
-NSString *const kImagePositionKey = @"OvImagePosition";
 
 bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVariation variation) {
   return [container containsImageVariation:variation forImagePart:HXImageControlImagePartCenter];
@@ -29,17 +28,13 @@ bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVa
 
 - (id)initWithCoder:(NSCoder *)coder {
   self = [super initWithCoder:coder];
-  if (self != nil && [coder allowsKeyedCoding] && [coder containsValueForKey:kImagePositionKey])
-    [self setImagePosition:static_cast<NSCellImagePosition>(
-                               [coder decodeIntForKey:kImagePositionKey])];
+  if (self != nil) ov::decodeLostParts(self, coder);
   return self;
 }
 
 - (void)encodeWithCoder:(NSCoder *)coder {
   [super encodeWithCoder:coder];
-  // The platform's keyed archives forget the position without an image of the cell's own.
-  if ([coder allowsKeyedCoding] && [self image] == nil)
-    [coder encodeInt:static_cast<int>([self imagePosition]) forKey:kImagePositionKey];
+  ov::encodeLostParts(self, coder);
 }
 
 - (void)dealloc {
@@ -62,11 +57,6 @@ bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVa
     [self setShowsStateBy:[self showsStateBy] | NSChangeGrayCellMask];
 }
 
-- (void)setShowsBorderOnlyWhileMouseInside:(BOOL)flag {
-  // The platform keeps the last bit only, and its archives hand in an 8.
-  [super setShowsBorderOnlyWhileMouseInside:flag != NO];
-}
-
 - (BOOL)isOpaque {
   return NO;
 }
@@ -80,8 +70,6 @@ bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVa
     return;
   }
   if ([self isTransparent]) return;
-  // A cell that changes tells the view that it was drawn in.
-  [self setControlView:view];
 
   const ov::FaceArtwork artwork = {
       .mousePushed = hasVariation(imageContainer_, HXImageControlImageVariationMousePushed),

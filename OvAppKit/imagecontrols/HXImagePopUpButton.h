@@ -28,9 +28,9 @@
     has the keyboard.
 
     The container is not archived: a button from an archive, keyed or sequential, or from an
-    interface file has none until it is set, in -awakeFromNib, say. An interface file must name
-    HXImagePopUpButtonCell as the class of the button's cell, too; with a plain cell the button
-   takes no container. */
+    interface file has none until it is set, in -awakeFromNib, say. With a cell of another class than
+    HXImagePopUpButtonCell in the archive the button takes no container; a xib that names no class
+    for the cell gets the right one. */
 @interface HXImagePopUpButton : NSPopUpButton
 
 /** HXImagePopUpButtonCell. */

@@ -171,6 +171,35 @@ TEST_F(ImageButtonHover, AnotherContainerTurnsItOffAndOn) {
   EXPECT_TRUE(comesToShow(0));
 }
 
+TEST_F(ImageButtonHover, APanelThatKeepsAllEventsForItselfLeavesNothingBehind) {
+  hover();
+  NSPanel *panel = [[[NSPanel alloc] initWithContentRect:NSMakeRect(700, 500, 100, 100)
+                                               styleMask:NSTitledWindowMask
+                                                 backing:NSBackingStoreBuffered
+                                                   defer:NO] autorelease];
+  [panel setReleasedWhenClosed:NO];
+  EXPECT_TRUE(runWithSteps({[&] { warpPointer(button, NSMakePoint(600, 400)); }, [] {}, [] {},
+                            [&] {
+                              [NSApp stopModal];
+                              post(mouseEvent(NSMouseMoved, [panel contentView], NSZeroPoint));
+                            }},
+                           [&] { [NSApp runModalForWindow:panel]; }));
+  [panel orderOut:nil];
+  EXPECT_TRUE(comesToShow(0));
+}
+
+TEST_F(ImageButtonHover, AMenuLeavesNothingBehind) {
+  NSMenu *menu = [[[NSMenu alloc] initWithTitle:@""] autorelease];
+  [menu addItemWithTitle:@"One" action:NULL keyEquivalent:@""];
+  [button setMenu:menu];
+  hover();
+  EXPECT_TRUE(runWithSteps({[&] { EXPECT_EQ([artwork lastVariation], 2); },
+                            [&] { warpPointer(button, NSMakePoint(600, 400)); }, [] {},
+                            [&] { post(keyEvent([button window], @"\033")); }},
+                           [&] { press(button, kInside); }));
+  EXPECT_TRUE(comesToShow(0));
+}
+
 TEST_F(ImageButtonHover, DiesUnderThePointer) {
   hover();
   HXImageButton *dying = [[HXImageButton alloc] initWithFrame:NSMakeRect(150, 100, 50, 20)];

@@ -21,15 +21,15 @@ class ImageButtonPress : public ImageButtonTest {
 
   // Presses at a place of the button and holds while the steps run; the last of them releases.
   bool holdAt(NSPoint place, std::vector<std::function<void()>> steps) {
-    bool pressed = false;
+    bool released = false;
+    steps.back() = [&released, last = steps.back()] {
+      released = true;
+      last();
+    };
+    // The whole press is handled within one event.
     return runWithSteps(steps, [&] {
       post(mouseEvent(NSLeftMouseDown, button, place));
-      pumpUntil([&] {
-        // The whole press is handled within one event.
-        bool before = pressed;
-        pressed = true;
-        return before;
-      });
+      pumpUntil([&] { return released; });
     });
   }
   std::function<void()> expectVariation(int variation, const char *when) {
@@ -206,10 +206,14 @@ TEST_F(ImageButtonPress, PerformClickWorksWithoutAWindow) {
 }
 
 TEST_F(ImageButtonPress, ATitleThatItsCellGetsShowsItself) {
-  pumpPending();
-  ASSERT_FALSE([button needsDisplay]);
-  [[button cell] setTitle:@"New"];
-  EXPECT_TRUE([button needsDisplay]);
+  // One that was never drawn without its artwork.
+  HXImageButton *other =
+      [[[HXImageButton alloc] initWithFrame:NSMakeRect(150, 30, 50, 20)] autorelease];
+  [other setImageContainer:artwork];
+  [[button superview] addSubview:other];
+  ASSERT_TRUE(pumpUntil([=] { return ![other needsDisplay]; }));
+  [[other cell] setTitle:@"New"];
+  EXPECT_TRUE([other needsDisplay]);
 }
 
 // Where the two pictures differ.

@@ -336,12 +336,13 @@ TEST_F(ImageButtonState, OddTitlesAreDrawn) {
   const unichar half[] = {0xD800, 'a', 0};
   NSString *odd[] = {[NSString stringWithCharacters:half length:3],
                      [@"" stringByPaddingToLength:100000 withString:@"long " startingAtIndex:0],
-                     @"a\nb\tc"};
+                     @"a\nb\tc", nil};
   for (NSString *title : odd) {
     for (BOOL hides : {NO, YES}) {
       OvTestImageCell *cell = rememberTitles(button);
       cell->hidesAttributedTitles = hides;
       [cell setTitle:title];
+      [cell setAlternateTitle:title];
       pictureOf(button);
       EXPECT_EQ([(OvTestArtwork *)[button imageContainer] lastVariation], 0);
     }
