@@ -23,7 +23,8 @@
 
 /** For the main thread. The menu opens where the platform's pop-up button opens it, and follows the
     mouse and the keys as there: Space opens it, the arrow keys go through it, Space and Return
-    choose, Escape closes it. The platform's focus ring is drawn over the artwork while the button
+    choose, Escape closes it. With a container the button looks pressed while the menu is
+    open. The platform's focus ring is drawn over the artwork while the button
     has the keyboard.
 
     The container is not archived: a button from an archive, keyed or sequential, or from an

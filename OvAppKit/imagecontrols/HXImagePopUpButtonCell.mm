@@ -2,6 +2,8 @@
 
 #import <GNUstepGUI/GSTheme.h>
 
+#include <algorithm>
+
 #include "imagecontrols/ButtonLayout.h"
 #include "imagecontrols/FaceOfCell.h"
 #include "support/GeometryBridge.h"
@@ -33,7 +35,8 @@ void drawFocus(NSCell *cell, NSRect frame, NSView *view) {
 }
 
 - (void)dealloc {
-  [imageContainer_ release];
+  // The platform may close the menu yet.
+  OvReplaceRetained<HXImageControlImageContainer *>(&imageContainer_, nil);
   [super dealloc];
 }
 
@@ -43,6 +46,11 @@ void drawFocus(NSCell *cell, NSRect frame, NSView *view) {
 
 - (HXImageControlImageContainer *)imageContainer {
   return imageContainer_;
+}
+
+- (void)setShowsBorderOnlyWhileMouseInside:(BOOL)flag {
+  // The platform keeps the last bit only, and its archives hand in an 8.
+  [super setShowsBorderOnlyWhileMouseInside:flag != NO];
 }
 
 - (int32_t)_imageVariationWithFrame:(NSRect)frame inView:(NSView *)view {
@@ -95,6 +103,31 @@ void drawFocus(NSCell *cell, NSRect frame, NSView *view) {
   if (title != nil && !NSIsEmptyRect(rect)) [self drawTitle:title withFrame:rect inView:view];
 
   drawFocus(self, frame, view);
+}
+
+// A button is pressed for as long as its menu is open; the platform's pop-up buttons never are.
+- (void)attachPopUpWithFrame:(NSRect)frame inView:(NSView *)view {
+  [super attachPopUpWithFrame:frame inView:view];
+  if (imageContainer_ == nil) return;
+  [self setHighlighted:YES];
+  [view setNeedsDisplay:YES];
+}
+
+- (void)dismissPopUp {
+  [super dismissPopUp];
+  if (imageContainer_ == nil) return;
+  [self setHighlighted:NO];
+  [[self controlView] setNeedsDisplay:YES];
+}
+
+- (NSRect)titleRectForBounds:(NSRect)bounds {
+  NSRect title = [super titleRectForBounds:bounds];
+  if (imageContainer_ == nil) return title;
+  // The platform's is as wide as the text, whatever room there is.
+  const NSRect arrow = [self arrowRectForBounds:bounds];
+  const CGFloat end = NSIsEmptyRect(arrow) ? NSMaxX(bounds) : NSMinX(arrow);
+  title.size.width = std::min(NSWidth(title), std::max<CGFloat>(end - NSMinX(title), 0));
+  return title;
 }
 
 - (NSRect)arrowRectForBounds:(NSRect)bounds {

@@ -126,6 +126,7 @@ NSRect placeOnScreen(NSView *view) {
 namespace ov {
 
 void setHoverTracking(NSView *view, BOOL flag) {
+  if (view == nil) return;
   TrackingRects rects(view);
   GSTrackingRect *tracking = rects.find([_OvHoverRect class]);
   if ((tracking != nil) == (flag != NO)) return;
