@@ -6,6 +6,7 @@
 
 #include "imagecontrols/ButtonLayout.h"
 #include "imagecontrols/FaceOfCell.h"
+#include "platform/ButtonArchiving.h"
 #include "support/GeometryBridge.h"
 #include "support/Retained.h"
 
@@ -34,6 +35,12 @@ void drawFocus(NSCell *cell, NSRect frame, NSView *view) {
   return copy;
 }
 
+- (id)initWithCoder:(NSCoder *)coder {
+  self = [super initWithCoder:coder];
+  if (self != nil) ov::decodeLostParts(self, coder);
+  return self;
+}
+
 - (void)dealloc {
   // The platform may close the menu yet.
   OvReplaceRetained<HXImageControlImageContainer *>(&imageContainer_, nil);
@@ -46,11 +53,6 @@ void drawFocus(NSCell *cell, NSRect frame, NSView *view) {
 
 - (HXImageControlImageContainer *)imageContainer {
   return imageContainer_;
-}
-
-- (void)setShowsBorderOnlyWhileMouseInside:(BOOL)flag {
-  // The platform keeps the last bit only, and its archives hand in an 8.
-  [super setShowsBorderOnlyWhileMouseInside:flag != NO];
 }
 
 - (int32_t)_imageVariationWithFrame:(NSRect)frame inView:(NSView *)view {

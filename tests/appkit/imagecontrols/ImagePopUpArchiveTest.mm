@@ -102,7 +102,9 @@ class ImagePopUpInterface : public ImagePopUpTest {
   }
 };
 
-TEST_F(ImagePopUpInterface, FromAXib) {
+class ImagePopUpXib : public ImagePopUpInterface, public testing::WithParamInterface<bool> {};
+
+TEST_P(ImagePopUpXib, NeedNotNameTheClassOfTheCell) {
   NSString *text =
       @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
       @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
@@ -121,6 +123,9 @@ TEST_F(ImagePopUpInterface, FromAXib) {
       @"</items></menu></popUpButtonCell><connections>"
       @"<action selector=\"act:\" target=\"-2\" id=\"a1\"/></connections></popUpButton>"
       @"</subviews></customView></objects></document>";
+  if (!GetParam())
+    text = [text stringByReplacingOccurrencesOfString:@" customClass=\"HXImagePopUpButtonCell\""
+                                           withString:@""];
   NSString *path = [NSTemporaryDirectory()
       stringByAppendingPathComponent:[[[NSProcessInfo processInfo] globallyUniqueString]
                                          stringByAppendingPathExtension:@"xib"]];
@@ -132,6 +137,8 @@ TEST_F(ImagePopUpInterface, FromAXib) {
   ASSERT_TRUE([nib instantiateNibWithOwner:owner topLevelObjects:&objects]);
   expectConnected(owner);
 }
+
+INSTANTIATE_TEST_SUITE_P(CellIsNamed, ImagePopUpXib, testing::Bool());
 
 TEST_F(ImagePopUpInterface, FromAGormFile) {
   HXImagePopUpButton *button =
