@@ -20,9 +20,10 @@ Rect iconRect(IconPosition position, const Rect& bounds, const Rect& title, Size
               bool highlighted) {
   if (position == IconPosition::kNone || !hasArea(icon)) return {};
 
-  Scalar push = highlighted ? 1 : 0;
-  Rect centred{bounds.x + std::floor((bounds.width - icon.width) / 2),
-               bounds.y + std::floor((bounds.height - icon.height) / 2), icon.width, icon.height};
+  const Scalar push = highlighted ? 1 : 0;
+  const Rect centred{bounds.x + std::floor((bounds.width - icon.width) / 2),
+                     bounds.y + std::floor((bounds.height - icon.height) / 2), icon.width,
+                     icon.height};
   if (position == IconPosition::kOnly || position == IconPosition::kOverlaps || title.isEmpty())
     return moved(centred, push, push);
 
@@ -57,7 +58,7 @@ Rect titleRectBesideIcon(IconPosition position, const Rect& title, Size icon) {
 }
 
 Rect accessoryRect(const Rect& bounds, Size accessory) {
-  Scalar margin = std::floor((bounds.height - accessory.height) / 2);
+  const Scalar margin = std::floor((bounds.height - accessory.height) / 2);
   return {bounds.maxX() - accessory.width - margin, bounds.y + margin, accessory.width,
           accessory.height};
 }
@@ -67,7 +68,7 @@ Rect arrowRect(ArrowPosition position, const Rect& bounds, Size accessory) {
     case ArrowPosition::kAtCenter:
       return accessoryRect(bounds, accessory);
     case ArrowPosition::kAtBottom: {
-      Scalar margin = bounds.height - accessory.height;
+      const Scalar margin = bounds.height - accessory.height;
       return {bounds.maxX() - accessory.width - margin, bounds.maxY() - accessory.height,
               accessory.width, accessory.height};
     }

@@ -11,22 +11,22 @@ ButtonFace pushButtonFace(const ButtonState& state, const FaceArtwork& artwork) 
                     : ButtonFace{Variation::kDisabled, ordinary};
 
   // One that shows that it is on looks off while it is pressed with the pointer outside.
-  bool showsOn = state.showsStateByImage && state.on;
+  const bool showsOn = state.showsStateByImage && state.on;
   if (showsOn && state.highlighted && !state.mouseInside) return {Variation::kDefault, ordinary};
 
   if (state.highlighted) {
-    bool pushed = state.mouseInside && artwork.mousePushed;
+    const bool pushed = state.mouseInside && artwork.mousePushed;
     return {pushed ? Variation::kMousePushed : Variation::kHighlighted, alternate};
   }
   if (showsOn) return {Variation::kHighlighted, alternate};
 
-  bool over = state.mouseInside && artwork.mouseOver;
+  const bool over = state.mouseInside && artwork.mouseOver;
   return {over ? Variation::kMouseOver : Variation::kDefault, ordinary};
 }
 
 ButtonFace popUpButtonFace(const ButtonState& state) {
   auto face = [](Variation variation) {
-    bool highlighted = variation == Variation::kHighlighted;
+    const bool highlighted = variation == Variation::kHighlighted;
     return ButtonFace{variation, highlighted ? FaceTitle::kAlternate : FaceTitle::kOrdinary};
   };
 

@@ -1,6 +1,7 @@
 // What an image button shows in each of its states: the live side of the tables of the rules.
 
 #import "ButtonTest.h"
+#import "StringKinds.h"
 
 using namespace ov::test;
 using testing::ElementsAre;
@@ -333,8 +334,12 @@ TEST_F(ImageButtonState, ThePlainTitleIsShortenedInTheMiddle) {
 TEST_F(ImageButtonState, OddTitlesAreDrawn) {
   HXImageButton *button = makeButton();
   [button setImageContainer:[OvTestArtwork artworkWithVariations:{1}]];
-  const unichar half[] = {0xD800, 'a', 0};
-  NSString *odd[] = {[NSString stringWithCharacters:half length:3],
+  NSString *half = makeString(std::u16string(u"\xD83D"
+                                             u"a\0b",
+                                             4),
+                              StringKind::Immutable);
+  ASSERT_EQ([half length], 4u);
+  NSString *odd[] = {half,
                      [@"" stringByPaddingToLength:100000 withString:@"long " startingAtIndex:0],
                      @"a\nb\tc", nil};
   for (NSString *title : odd) {

@@ -100,7 +100,9 @@ std::ostream &operator<<(std::ostream &out, const Drawn &drawn) {
 }
 
 - (NSRect)drawTitle:(NSAttributedString *)title withFrame:(NSRect)frame inView:(NSView *)view {
-  titles.push_back([[title string] UTF8String]);
+  // Half a surrogate pair has no UTF-8.
+  NSString *text = [title string];
+  titles.push_back([text canBeConvertedToEncoding:NSUTF8StringEncoding] ? [text UTF8String] : "?");
   [lastTitle release];
   lastTitle = [title copy];
   lastTitleRect = frame;
