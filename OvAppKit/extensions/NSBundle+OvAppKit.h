@@ -20,9 +20,9 @@
 @interface NSBundle (HXAppKitExtensions)
 
 /** The image of a name, with or without extension, as `pathForImageResource:` finds it: a new
-    one at each call, autoreleased, which refers to its file. nil where there is no such
-    resource, for an empty or nil name, and for a file that `-[NSBitmapImageRep
-    initWithContentsOfFile:]` would refuse as unsafe. */
+    one at each call, autoreleased. nil where there is no such resource, for an empty or nil name,
+    and for a file that holds no picture, a damaged one, or one that
+    `-[NSBitmapImageRep initWithContentsOfFile:]` would refuse as unsafe. */
 - (NSImage *)imageForResource:(NSString *)name;
 
 @end

@@ -23,7 +23,8 @@
 /** Images by key. The dictionary is retained, not copied. */
 - (id)initWithImageDictionary:(NSDictionary *)images;
 
-/** Rectangles (NSValue) of one image, in points, by key. Both are retained. */
+/** Rectangles (NSValue) of one image, in points, by key; the zero rectangle is the whole image.
+    Both are retained. */
 - (id)initWithImage:(NSImage *)image rectDictionary:(NSDictionary *)rects;
 
 /** Images that are found in a bundle by the names that the dictionary has for the keys; one that is

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #import "platform/ImageDrawing.h"
+#include "support/Retained.h"
 
 namespace {
 
@@ -11,6 +12,8 @@ BOOL holdsRect(id object) {
   return [object isKindOfClass:[NSValue class]] &&
          std::strcmp([object objCType], @encode(NSRect)) == 0;
 }
+
+NSRect rectOrZero(id object) { return holdsRect(object) ? [object rectValue] : NSZeroRect; }
 
 NSImage *imageOrNil(id object) { return [object isKindOfClass:[NSImage class]] ? object : nil; }
 
@@ -79,9 +82,9 @@ NSDictionary *tiles(NSImage *image, NSArray *keys) {
                              inBundle:(NSBundle *)bundle {
   NSMutableDictionary *names = [NSMutableDictionary dictionary];
   for (id key in suffixes) {
-    NSString *name =
-        [NSString stringWithFormat:@"%@%@", prefix ?: @"", [suffixes objectForKey:key]];
-    [names setObject:name forKey:key];
+    id suffix = [suffixes objectForKey:key];
+    if (![suffix isKindOfClass:[NSString class]]) continue;
+    [names setObject:[prefix ?: @"" stringByAppendingString:suffix] forKey:key];
   }
   return [self initWithImageResourceNameDictionary:names inBundle:bundle];
 }
@@ -130,28 +133,19 @@ NSDictionary *tiles(NSImage *image, NSArray *keys) {
 
 - (NSSize)imageSizeForKey:(NSString *)key {
   id object = [self _objectForKey:key];
-  if (_imageDictionary) {
-    NSImage *image = imageOrNil(object);
-    return image ? [image size] : NSZeroSize;
-  }
-  return holdsRect(object) ? [object rectValue].size : NSZeroSize;
+  if (_imageDictionary == nil) return rectOrZero(object).size;
+  NSImage *image = imageOrNil(object);
+  return image ? [image size] : NSZeroSize;
 }
 
 - (void)drawImageInRect:(NSRect)rect isFlipped:(BOOL)flipped forKey:(NSString *)key {
   id object = [self _objectForKey:key];
-  NSImage *image = _imageDictionary ? imageOrNil(object) : _image;
-  NSRect source = NSZeroRect;
-  if (_imageDictionary == nil) {
-    if (!holdsRect(object)) return;
-    source = [object rectValue];
-  }
-  if (image == nil) return;
-  [image setFlipped:flipped];
-  if (_imageDictionary) {
-    OvDrawWholeImage(image, rect, NSCompositeSourceOver, 1);
-  } else {
-    OvDrawImagePart(image, rect, source, flipped);
-  }
+  if (_imageDictionary == nil && !holdsRect(object)) return;
+  // A host's image may change the dictionary while it is drawn.
+  const auto image = ov::retain(_imageDictionary ? imageOrNil(object) : _image);
+  const NSRect source = _imageDictionary ? NSZeroRect : rectOrZero(object);
+  [image.get() setFlipped:flipped];
+  OvDrawImagePart(image.get(), rect, source, flipped);
 }
 
 @end

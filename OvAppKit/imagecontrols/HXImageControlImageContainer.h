@@ -22,7 +22,7 @@
 /** For the main thread.
 
     Nothing here reports an error: a picture that is missing, damaged or not to be trusted leaves
-   its place empty, and nothing is drawn there.
+    its place empty, and nothing is drawn there.
 
     "Strechable" in the selectors is spelled so deliberately. */
 @interface HXImageControlImageContainer : NSObject {
@@ -141,8 +141,9 @@
               isFlipped:(BOOL)flipped
          imageVariation:(HXImageControlImageVariation)variation;
 
-/** Draws one piece, stretched to the rectangle and upright, in any view; nothing if the rectangle
-    is empty. The image object is left flipped as `flipped` says. */
+/** Draws one piece, stretched to the rectangle and upright, in any view; Default stands in for a
+    state that is not there. Nothing is drawn if the rectangle is empty or not finite. The image
+    object is left flipped as `flipped` says. */
 - (void)drawImageInRect:(NSRect)rect
               isFlipped:(BOOL)flipped
               imagePart:(HXImageControlImagePart)part

@@ -8,6 +8,7 @@
 #include "imagecontrols/StretchSlices.h"
 #import "platform/ImageDrawing.h"
 #import "platform/ImageFileGuard.h"
+#import "platform/ImageResources.h"
 #include "support/GeometryBridge.h"
 #include "support/Retained.h"
 
@@ -33,23 +34,12 @@ HXImageControlImageResourceNameSuffixRegistry *newSharedRegistry() {
   return registry;
 }
 
-// Finds the pictures of a set.
-class Resources {
- public:
-  Resources(NSBundle *bundle, HXImageControlImageResourceNameSuffixRegistry *registry)
-      : bundle_(bundle ?: [NSBundle mainBundle]), extension_([registry pathExtension]) {}
-
-  NSString *pathOf(NSString *name) const {
-    // The platform tells of each type of picture that nothing has no name.
-    if ([name length] == 0) return nil;
-    return extension_ ? [bundle_ pathForResource:name ofType:extension_]
-                      : [bundle_ pathForImageResource:name];
-  }
-
- private:
-  NSBundle *bundle_;
-  NSString *extension_;
-};
+// The picture in a file; nil where there is none, so that a damaged file is like one that is
+// missing.
+ov::Retained<HXImageSegment *> segmentAtPath(NSString *path) {
+  auto segment = ov::adopt([[HXImageSegment alloc] initWithPath:path]);
+  return [segment.get() image] ? segment : ov::Retained<HXImageSegment *>();
+}
 
 // The states that stand side by side in a picture; each goes to store(segment, variation).
 template <typename Store>
@@ -88,7 +78,7 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
   self = [self init];
   if (self == nil) return nil;
   auto *registry = [[self class] imageResourceNameSuffixRegistry];
-  const Resources resources(bundle, registry);
+  ov::ImageResources resources(bundle, [registry pathExtension]);
   for (HXImageControlImagePart part = 0; part < kPartCount; ++part) {
     for (HXImageControlImageVariation variation = 0; variation < kVariationCount; ++variation) {
       NSString *path = resources.pathOf([registry stringWithPrefix:prefix
@@ -116,7 +106,7 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
   self = [self init];
   if (self == nil) return nil;
   auto *registry = [[self class] imageResourceNameSuffixRegistry];
-  const Resources resources(bundle, registry);
+  ov::ImageResources resources(bundle, [registry pathExtension]);
   for (HXImageControlImageVariation variation = 0; variation < kVariationCount; ++variation) {
     NSString *path = resources.pathOf([registry stringWithPrefix:prefix imageVariation:variation]);
     if (path == nil) continue;
@@ -143,7 +133,8 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
                             inBundle:(NSBundle *)bundle {
   self = [self init];
   if (self == nil) return nil;
-  const Resources resources(bundle, [[self class] imageResourceNameSuffixRegistry]);
+  auto *registry = [[self class] imageResourceNameSuffixRegistry];
+  ov::ImageResources resources(bundle, [registry pathExtension]);
   cutTiles(resources.pathOf(name), variations, count,
            [self](HXImageSegment *tile, HXImageControlImageVariation variation) {
              [self setImage:tile
@@ -174,7 +165,8 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
                                       inBundle:(NSBundle *)bundle {
   self = [self init];
   if (self == nil) return nil;
-  const Resources resources(bundle, [[self class] imageResourceNameSuffixRegistry]);
+  auto *registry = [[self class] imageResourceNameSuffixRegistry];
+  ov::ImageResources resources(bundle, [registry pathExtension]);
   cutTiles(resources.pathOf(name), variations, count,
            [=](HXImageSegment *tile, HXImageControlImageVariation variation) {
              [self setStrechableImage:tile
@@ -202,7 +194,7 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
 - (void)setImageWithPath:(NSString *)path
             forImagePart:(HXImageControlImagePart)part
           imageVariation:(HXImageControlImageVariation)variation {
-  const auto segment = ov::adopt([[HXImageSegment alloc] initWithPath:path]);
+  const auto segment = segmentAtPath(path);
   [self setImage:segment.get() forImagePart:part imageVariation:variation];
 }
 
@@ -226,7 +218,7 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
                            leftCap:(CGFloat)leftCap
                             topCap:(CGFloat)topCap
                  forImageVariation:(HXImageControlImageVariation)variation {
-  const auto segment = ov::adopt([[HXImageSegment alloc] initWithPath:path]);
+  const auto segment = segmentAtPath(path);
   [self setStrechableImage:segment.get() leftCap:leftCap topCap:topCap forImageVariation:variation];
 }
 
@@ -289,11 +281,13 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
               imagePart:(HXImageControlImagePart)part
          imageVariation:(HXImageControlImageVariation)variation {
   if (part >= kPartCount || variation >= kVariationCount) return;
-  HXImageSegment *segment = imageSegments_[part][variation];
-  if (segment == nil) segment = imageSegments_[part][HXImageControlImageVariationDefault];
-  if ([segment image] == nil) return;
-  [[segment image] setFlipped:flipped];
-  OvDrawImagePart([segment image], rect, [segment rect], flipped);
+  HXImageSegment *found = imageSegments_[part][variation];
+  if (found == nil) found = imageSegments_[part][HXImageControlImageVariationDefault];
+  // A host's image may change the container while it is drawn.
+  const auto segment = ov::retain(found);
+  NSImage *image = [segment.get() image];
+  [image setFlipped:flipped];
+  OvDrawImagePart(image, rect, [segment.get() rect], flipped);
 }
 
 @end

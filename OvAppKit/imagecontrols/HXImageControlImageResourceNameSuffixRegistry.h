@@ -24,10 +24,9 @@
 
 /** A registry whose suffixes are all "", so that every name is the bare prefix. The shared one of
     `+[HXImageControlImageContainer imageResourceNameSuffixRegistry]` has the suffixes "-left",
-    "-right", "-top", "-bottom", "-left-top", "-right-top", "-left-bottom", "-right-bottom",
-   "-icon",
-    "-accessory" (and "" for the center), "-default", "-highlighted", "-mouseopushed" (deliberately
-    spelled so: artwork is named after it), "-mouseovered" and "-disabled". */
+    "-right", "-top", "-bottom", "-left-top", "-right-top", "-left-bottom", "-right-bottom", "-icon"
+    and "-accessory" (and "" for the center), "-default", "-highlighted", "-mouseopushed"
+    (deliberately spelled so: artwork is named after it), "-mouseovered" and "-disabled". */
 - (id)init;
 
 /** NO, the default, for "Button-highlighted-left"; YES for "Button-left-highlighted". */

@@ -6,8 +6,11 @@
 
 namespace {
 
-NSString *joined(NSString *prefix, NSString *first, NSString *second = nil) {
-  return [NSString stringWithFormat:@"%@%@%@", prefix ?: @"", first ?: @"", second ?: @""];
+NSString *joined(NSString *prefix, NSString *first, NSString *second = @"") {
+  NSMutableString *name = [NSMutableString string];
+  // A subclass may answer nil.
+  for (NSString *part : {prefix, first, second}) [name appendString:part ?: @""];
+  return name;
 }
 
 }  // namespace

@@ -1,27 +1,32 @@
 #import "platform/ImageDrawing.h"
 
-void OvDrawWholeImage(NSImage *image, NSRect destination, NSCompositingOperation operation,
-                      CGFloat fraction) {
-  if (NSIsEmptyRect(destination) || [NSGraphicsContext currentContext] == nil) return;
-  const NSSize size = [image size];
-  if (!(size.width > 0) || !(size.height > 0)) return;
-  [image drawInRect:destination
-            fromRect:NSMakeRect(0, 0, size.width, size.height)
+#include "platform/SourceClipping.h"
+#include "support/GeometryBridge.h"
+
+namespace {
+
+void draw(NSImage *image, NSRect destination, NSRect source, BOOL flipped,
+          NSCompositingOperation operation, CGFloat fraction) {
+  if ([NSGraphicsContext currentContext] == nil) return;
+  const NSSize size = image ? [image size] : NSZeroSize;
+  auto drawing = ov::clipSource(ov::fromNS(size), ov::fromNS(source), ov::fromNS(destination));
+  if (!drawing) return;
+  if (flipped) drawing->source.y = size.height - drawing->source.maxY();
+  [image drawInRect:ov::toNS(drawing->destination)
+            fromRect:ov::toNS(drawing->source)
            operation:operation
             fraction:fraction
       respectFlipped:YES
                hints:nil];
 }
 
+}  // namespace
+
+void OvDrawWholeImage(NSImage *image, NSRect destination, NSCompositingOperation operation,
+                      CGFloat fraction) {
+  draw(image, destination, NSZeroRect, NO, operation, fraction);
+}
+
 void OvDrawImagePart(NSImage *image, NSRect destination, NSRect source, BOOL flipped) {
-  if (NSIsEmptyRect(destination) || [NSGraphicsContext currentContext] == nil) return;
-  const NSSize size = [image size];
-  if (!(size.width > 0) || !(size.height > 0) || NSIsEmptyRect(source)) return;
-  if (flipped) source.origin.y = size.height - NSMaxY(source);
-  [image drawInRect:destination
-            fromRect:source
-           operation:NSCompositeSourceOver
-            fraction:1
-      respectFlipped:YES
-               hints:nil];
+  draw(image, destination, source, flipped, NSCompositeSourceOver, 1);
 }

@@ -18,9 +18,12 @@ NSData *OvSafeImageDataWithContentsOfFile(NSString *path);
 // releases it and answers nil, also for pictures whose damage shows only when they are read.
 NSBitmapImageRep *OvInitBitmapWithData(NSBitmapImageRep *bitmap, NSData *data);
 
-// An image that refers to a file, owned by the caller; nil where there is no picture, or an unsafe
-// one. The one way to make an image from a path of the host's.
+// What -initByReferencingFile: should be: an image of the picture in a file, owned by the caller;
+// nil where there is no picture, a damaged or an unsafe one. The one way to make an image from a
+// path of the host's. The file is read once, and at once: the platform puts that off only until
+// somebody asks for the size, as segments do, and would read a file that may be another one by then
+// than what was looked at.
 NSImage *OvNewImageByReferencingFile(NSString *path) __attribute__((ns_returns_retained));
 
-// The same for a URL, which the platform lacks; one that is no file's is loaded at once.
+// The same for a URL, which the platform lacks.
 NSImage *OvNewImageByReferencingURL(NSURL *url) __attribute__((ns_returns_retained));

@@ -1,12 +1,14 @@
 #import "platform/NamedImages.h"
 
 #include "platform/ImageFileGuard.h"
+#import "platform/ImageResources.h"
 
 namespace {
 
-bool isResourceName(NSString *name) {
-  NSString *base = [[name lastPathComponent] stringByDeletingPathExtension];
-  return [base length] > 0 && ![base isEqualToString:@"/"];
+NSString *pathOfImage(NSBundle *bundle, NSString *name) {
+  ov::ImageResources resources(bundle, nil);
+  resources.listFirst();
+  return resources.pathOf(name);
 }
 
 // Asking for the image would look for its file, and read that.
@@ -18,19 +20,27 @@ bool isTaken(NSString *name) {
   return taken;
 }
 
+// The platform has a second name for some of its own images, under which there is no file.
+bool mayBeAlias(NSString *name) {
+  for (NSString *start in @[ @"NS", @"GS", @"common_", @"GNUstep", @"Apple" ]) {
+    if ([name hasPrefix:start]) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 NSImage *OvImageNamed(NSString *name) {
   if (name == nil) return nil;
   if (!isTaken(name)) {
-    if (!isResourceName(name)) return nil;
-    NSString *path = [[NSBundle mainBundle] pathForImageResource:name];
+    NSString *path = pathOfImage([NSBundle mainBundle], name);
+    if (path == nil && !mayBeAlias(name)) return nil;
     if (path != nil && OvSafeImageDataWithContentsOfFile(path) == nil) return nil;
   }
   return [NSImage imageNamed:name];
 }
 
 NSImage *OvImageOfResource(NSBundle *bundle, NSString *name) {
-  if (!isResourceName(name)) return nil;
-  return [OvNewImageByReferencingFile([bundle pathForImageResource:name]) autorelease];
+  if (bundle == nil) return nil;
+  return [OvNewImageByReferencingFile(pathOfImage(bundle, name)) autorelease];
 }

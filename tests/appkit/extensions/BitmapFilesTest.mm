@@ -104,7 +104,8 @@ TEST_F(BitmapFiles, WhatIsNoPictureGivesNone) {
 }
 
 TEST_F(BitmapFiles, DamagedPicturesGiveNoneOrWhatIsThere) {
-  for (const NSBitmapImageFileType type : {NSPNGFileType, NSTIFFFileType, NSJPEGFileType}) {
+  for (const NSBitmapImageFileType type :
+       {NSPNGFileType, NSTIFFFileType, NSJPEGFileType, NSGIFFileType}) {
     NSData *whole = encoded(type);
     EXPECT_TRUE(loads(whole));
     int refused = 0;
