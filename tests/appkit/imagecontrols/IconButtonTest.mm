@@ -72,6 +72,7 @@ class IconButton : public LiveTest {
     NSWindow *window = makeWindow(NSMakeSize(200, 150));
     [[window contentView] addSubview:button];
     show(window);
+    [window makeFirstResponder:nil];  // which would be framed
     return button;
   }
   int count(OvIconButton *button, const Pixel &pixel) {

@@ -70,6 +70,7 @@ class SelectableButton : public LiveTest {
     buttons_.push_back(button);
     [[window contentView] addSubview:button];
     show(window);
+    [window makeFirstResponder:nil];  // which would be framed
     button->events = &events_;
     if (withMenu) {
       NSMenu *menu = [[[NSMenu alloc] initWithTitle:@"menu"] autorelease];
