@@ -12,7 +12,6 @@
 //
 //   A toggle that shows by its image that it is on:
 //     [button setButtonType:NSPushOnPushOffButton];
-//     [[button cell] setShowsStateBy:NSChangeGrayCellMask];
 //
 //   A menu, filled when it is needed:
 //     [button setMenu:menu];
@@ -38,9 +37,9 @@
 - (id)initWithFrame:(NSRect)frame;
 
 /** A button from an archive, keyed or sequential, or from an interface file. Neither the delegate
-    nor the container is archived: both are nil, and set in -awakeFromNib, say. An interface file
-    must name HXImageButtonCell as the class of the button's cell, too; with a plain cell the button
-    takes no container. */
+    nor the container is archived: both are nil, and set in -awakeFromNib, say. With a cell of
+    another class than HXImageButtonCell in the archive the button takes no container; a xib that
+    names no class for the cell gets the right one. */
 - (id)initWithCoder:(NSCoder *)coder;
 
 /** Asked before the menu is shown, see HXImageButtonDelegate. Not retained: a delegate that dies

@@ -16,10 +16,16 @@
   HXImageControlImageContainer *imageContainer_;
 }
 
-/** The artwork, retained. Default nil. It is not archived; a copy of the cell shares it. The cell
+/** The artwork, retained. Default nil. It is not archived, but the imagePosition of its icon is,
+    keyed or sequential; a copy of the cell shares it. The cell
     does not redraw by itself: HXImageButton does. */
 - (void)setImageContainer:(HXImageControlImageContainer *)container;
 - (HXImageControlImageContainer *)imageContainer;
+
+/** As the platform's, except that the types which show by their background that they are on
+    (NSPushOnPushOffButton, NSOnOffButton) show it by their image, too: showsStateBy gets
+    NSChangeGrayCellMask. */
+- (void)setButtonType:(NSButtonType)type;
 
 /** Always NO: artwork may be transparent. */
 - (BOOL)isOpaque;

@@ -2,6 +2,7 @@
 
 #include "imagecontrols/ButtonLayout.h"
 #include "imagecontrols/FaceOfCell.h"
+#include "platform/ButtonArchiving.h"
 #include "support/GeometryBridge.h"
 #include "support/Retained.h"
 
@@ -25,6 +26,17 @@ bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVa
   return copy;
 }
 
+- (id)initWithCoder:(NSCoder *)coder {
+  self = [super initWithCoder:coder];
+  if (self != nil) ov::decodeLostParts(self, coder);
+  return self;
+}
+
+- (void)encodeWithCoder:(NSCoder *)coder {
+  [super encodeWithCoder:coder];
+  ov::encodeLostParts(self, coder);
+}
+
 - (void)dealloc {
   [imageContainer_ release];
   [super dealloc];
@@ -36,6 +48,13 @@ bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVa
 
 - (HXImageControlImageContainer *)imageContainer {
   return imageContainer_;
+}
+
+- (void)setButtonType:(NSButtonType)type {
+  [super setButtonType:type];
+  // A type that shows the state by the background shows it by gray, too, in AppKit.
+  if ([self showsStateBy] & NSChangeBackgroundCellMask)
+    [self setShowsStateBy:[self showsStateBy] | NSChangeGrayCellMask];
 }
 
 - (BOOL)isOpaque {
@@ -51,8 +70,6 @@ bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVa
     return;
   }
   if ([self isTransparent]) return;
-  // A cell that changes tells the view that it was drawn in.
-  [self setControlView:view];
 
   const ov::FaceArtwork artwork = {
       .mousePushed = hasVariation(imageContainer_, HXImageControlImageVariationMousePushed),

@@ -23,13 +23,13 @@
 
 /** For the main thread. The menu opens where the platform's pop-up button opens it, and follows the
     mouse and the keys as there: Space opens it, the arrow keys go through it, Space and Return
-    choose, Escape closes it. The platform's focus ring is drawn over the artwork while the button
-    has the keyboard.
+    choose, Escape closes it. With a container the button looks pressed while the menu is open, and
+    the platform's focus ring is drawn over the artwork while the button has the keyboard.
 
     The container is not archived: a button from an archive, keyed or sequential, or from an
-    interface file has none until it is set, in -awakeFromNib, say. An interface file must name
-    HXImagePopUpButtonCell as the class of the button's cell, too; with a plain cell the button
-   takes no container. */
+    interface file has none until it is set, in -awakeFromNib, say. With a cell of another class than
+    HXImagePopUpButtonCell in the archive the button takes no container; a xib that names no class
+    for the cell gets the right one. */
 @interface HXImagePopUpButton : NSPopUpButton
 
 /** HXImagePopUpButtonCell. */

@@ -32,6 +32,14 @@
     middle; the difference is deliberate). There is no icon: the part Icon is not drawn. */
 - (void)drawWithFrame:(NSRect)frame inView:(NSView *)view;
 
+/** As the platform's; with a container, the cell is highlighted while its menu is open. */
+- (void)attachPopUpWithFrame:(NSRect)frame inView:(NSView *)view;
+- (void)dismissPopUp;
+
+/** The inherited rectangle; with a container, only as much of it as lies before the arrow, or in
+   the bounds. A longer title is cut there: by words, or as the cell's lineBreakMode says. */
+- (NSRect)titleRectForBounds:(NSRect)bounds;
+
 /** The accessory's rectangle, in the size of its Default picture. With NSPopUpArrowAtCenter it is
     centered in height, rounded down, and as far from the right as from the minimum y. With
     NSPopUpArrowAtBottom it lies at the maximum y, and as far from the right as from the minimum y.

@@ -2,8 +2,11 @@
 
 #import <GNUstepGUI/GSTheme.h>
 
+#include <algorithm>
+
 #include "imagecontrols/ButtonLayout.h"
 #include "imagecontrols/FaceOfCell.h"
+#include "platform/ButtonArchiving.h"
 #include "support/GeometryBridge.h"
 #include "support/Retained.h"
 
@@ -32,8 +35,15 @@ void drawFocus(NSCell *cell, NSRect frame, NSView *view) {
   return copy;
 }
 
+- (id)initWithCoder:(NSCoder *)coder {
+  self = [super initWithCoder:coder];
+  if (self != nil) ov::decodeLostParts(self, coder);
+  return self;
+}
+
 - (void)dealloc {
-  [imageContainer_ release];
+  // The platform may close the menu yet.
+  OvReplaceRetained<HXImageControlImageContainer *>(&imageContainer_, nil);
   [super dealloc];
 }
 
@@ -95,6 +105,31 @@ void drawFocus(NSCell *cell, NSRect frame, NSView *view) {
   if (title != nil && !NSIsEmptyRect(rect)) [self drawTitle:title withFrame:rect inView:view];
 
   drawFocus(self, frame, view);
+}
+
+// A button is pressed for as long as its menu is open; the platform's pop-up buttons never are.
+- (void)attachPopUpWithFrame:(NSRect)frame inView:(NSView *)view {
+  [super attachPopUpWithFrame:frame inView:view];
+  if (imageContainer_ == nil) return;
+  [self setHighlighted:YES];
+  [view setNeedsDisplay:YES];
+}
+
+- (void)dismissPopUp {
+  [super dismissPopUp];
+  if (imageContainer_ == nil) return;
+  [self setHighlighted:NO];
+  [[self controlView] setNeedsDisplay:YES];
+}
+
+- (NSRect)titleRectForBounds:(NSRect)bounds {
+  NSRect title = [super titleRectForBounds:bounds];
+  if (imageContainer_ == nil) return title;
+  // The platform's is as wide as the text, whatever room there is.
+  const NSRect arrow = [self arrowRectForBounds:bounds];
+  const CGFloat end = NSIsEmptyRect(arrow) ? NSMaxX(bounds) : NSMinX(arrow);
+  title.size.width = std::min(NSWidth(title), std::max<CGFloat>(end - NSMinX(title), 0));
+  return title;
 }
 
 - (NSRect)arrowRectForBounds:(NSRect)bounds {

@@ -80,6 +80,7 @@ constexpr CGFloat kFar = 1e6;
 namespace ov {
 
 void setHoverTracking(NSView *view, BOOL flag) {
+  if (view == nil) return;
   TrackingRects rects(view);
   GSTrackingRect *tracking = rects.find([_OvHoverRect class]);
   if ((tracking != nil) == (flag != NO)) return;
