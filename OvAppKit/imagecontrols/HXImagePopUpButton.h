@@ -27,9 +27,9 @@
     the platform's focus ring is drawn over the artwork while the button has the keyboard.
 
     The container is not archived: a button from an archive, keyed or sequential, or from an
-    interface file has none until it is set, in -awakeFromNib, say. With a cell of another class than
-    HXImagePopUpButtonCell in the archive the button takes no container; a xib that names no class
-    for the cell gets the right one. */
+    interface file has none until it is set, in -awakeFromNib, say. With a cell of another class
+   than HXImagePopUpButtonCell in the archive the button takes no container; a xib that names no
+   class for the cell gets the right one. */
 @interface HXImagePopUpButton : NSPopUpButton
 
 /** HXImagePopUpButtonCell. */
