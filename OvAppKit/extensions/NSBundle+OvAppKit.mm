@@ -1,7 +1,8 @@
 #import <OvAppKit/NSBitmapImageRep+OvAppKit.h>
 #import <OvAppKit/NSBundle+OvAppKit.h>
 
-#import "platform/NamedImages.h"
+#import "platform/ImageFileGuard.h"
+#import "platform/ImageResources.h"
 
 namespace {
 
@@ -42,7 +43,8 @@ NSBitmapImageRep *bitmapAtPath(NSString *path) {
 @implementation NSBundle (HXAppKitExtensions)
 
 - (NSImage *)imageForResource:(NSString *)name {
-  return OvImageOfResource(self, name);
+  NSString *path = ov::ImageResources(self, nil).pathOf(name);
+  return [OvNewImageByReferencingFile(path) autorelease];
 }
 
 @end

@@ -430,8 +430,8 @@ bool isPressKey(NSEvent *event) {
   }
   NSPoint corner = [[self superview] convertPoint:[self frame].origin toView:nil];
   corner.y += [[[self window] contentView] isFlipped] ? kMenuDistance : -kMenuDistance;
-  ov::popUpMenu(menu, ov::mouseEventLike(event, NSLeftMouseDown, corner),
-                view != nil ? view : self, nil);
+  ov::popUpMenu(menu, ov::mouseEventLike(event, NSLeftMouseDown, corner), view != nil ? view : self,
+                nil);
 }
 
 // MARK: The keyboard
@@ -478,8 +478,7 @@ bool isPressKey(NSEvent *event) {
   if (![self canDraw]) return;
   [self displayIfNeeded];
   [[self window] flushWindow];
-  [[NSRunLoop currentRunLoop]
-      runUntilDate:[NSDate dateWithTimeIntervalSinceNow:kPressedByKey]];
+  [[NSRunLoop currentRunLoop] runUntilDate:[NSDate dateWithTimeIntervalSinceNow:kPressedByKey]];
 }
 
 @end

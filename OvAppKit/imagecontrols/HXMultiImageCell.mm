@@ -7,9 +7,7 @@ namespace {
 
 constexpr NSUInteger kCapacity = 4;
 
-NSMutableDictionary *newTable() {
-  return [[NSMutableDictionary alloc] initWithCapacity:kCapacity];
-}
+NSMutableDictionary *newTable() { return [[NSMutableDictionary alloc] initWithCapacity:kCapacity]; }
 
 // An archive may hold anything.
 NSMutableDictionary *newTableOfImagesIn(id archived) {

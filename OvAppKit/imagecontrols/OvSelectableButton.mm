@@ -69,11 +69,10 @@ constexpr CGFloat kBelow = 1;
 }
 
 - (void)_ovWaitAfter:(NSEvent *)event {
-  NSEvent *next =
-      [[self window] nextEventMatchingMask:NSLeftMouseUpMask | NSLeftMouseDraggedMask
-                                 untilDate:[NSDate dateWithTimeIntervalSinceNow:kHold]
-                                    inMode:NSEventTrackingRunLoopMode
-                                   dequeue:YES];
+  NSEvent *next = [[self window] nextEventMatchingMask:NSLeftMouseUpMask | NSLeftMouseDraggedMask
+                                             untilDate:[NSDate dateWithTimeIntervalSinceNow:kHold]
+                                                inMode:NSEventTrackingRunLoopMode
+                                               dequeue:YES];
   if (next == nil) {
     [self _ovPopUpMenuAt:kBelow event:event];
   } else if ([next type] == NSLeftMouseDragged) {

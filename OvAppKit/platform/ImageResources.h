@@ -22,6 +22,9 @@ class ImageResources {
   // The main bundle for nil. Without an extension, pictures of every type are found.
   ImageResources(NSBundle *bundle, NSString *extension);
 
+  // Lists the folders before the first look already, for a name that is as likely to be missing.
+  void listFirst() { missedOne_ = true; }
+
   // nil where there is none.
   NSString *pathOf(NSString *name);
 

@@ -1,9 +1,15 @@
 #import "platform/NamedImages.h"
 
 #include "platform/ImageFileGuard.h"
-#include "platform/ImageResources.h"
+#import "platform/ImageResources.h"
 
 namespace {
+
+NSString *pathOfImage(NSBundle *bundle, NSString *name) {
+  ov::ImageResources resources(bundle, nil);
+  resources.listFirst();
+  return resources.pathOf(name);
+}
 
 // Asking for the image would look for its file, and read that.
 bool isTaken(NSString *name) {
@@ -14,13 +20,21 @@ bool isTaken(NSString *name) {
   return taken;
 }
 
+// The platform has a second name for some of its own images, under which there is no file.
+bool mayBeAlias(NSString *name) {
+  for (NSString *start in @[ @"NS", @"GS", @"common_", @"GNUstep", @"Apple" ]) {
+    if ([name hasPrefix:start]) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 NSImage *OvImageNamed(NSString *name) {
   if (name == nil) return nil;
   if (!isTaken(name)) {
-    if (!ov::isResourceName(name)) return nil;
-    NSString *path = [[NSBundle mainBundle] pathForImageResource:name];
+    NSString *path = pathOfImage([NSBundle mainBundle], name);
+    if (path == nil && !mayBeAlias(name)) return nil;
     if (path != nil && OvSafeImageDataWithContentsOfFile(path) == nil) return nil;
   }
   return [NSImage imageNamed:name];
@@ -28,6 +42,5 @@ NSImage *OvImageNamed(NSString *name) {
 
 NSImage *OvImageOfResource(NSBundle *bundle, NSString *name) {
   if (bundle == nil) return nil;
-  NSString *path = ov::ImageResources(bundle, nil).pathOf(name);
-  return [OvNewImageByReferencingFile(path) autorelease];
+  return [OvNewImageByReferencingFile(pathOfImage(bundle, name)) autorelease];
 }

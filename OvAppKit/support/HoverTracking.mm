@@ -31,9 +31,7 @@ constexpr CGFloat kFar = 1e6;
   self = [super initWithRect:rect tag:aTag owner:self userData:data inside:flag];
   if (self == nil) return nil;
   _view = view;
-  _watch = [[_OvPlaceWatch alloc] initWithView:view
-                                        target:self
-                                        action:@selector(placeChanged)];
+  _watch = [[_OvPlaceWatch alloc] initWithView:view target:self action:@selector(placeChanged)];
   if (!NSIsEmptyRect([_watch place])) [self placeChanged];
   return self;
 }
