@@ -1,5 +1,6 @@
 // Scrollers from archives and interface files.
 
+#import "Coding.h"
 #import "ScrollerTest.h"
 #include "Supervisor.h"
 
@@ -22,18 +23,7 @@ using namespace ov::test;
 
 namespace {
 
-enum class Coding { keyed, sequential };
-
-class ScrollerArchive : public ScrollerTest, public testing::WithParamInterface<Coding> {
- protected:
-  HXScroller *copyOf(HXScroller *scroller) {
-    if (GetParam() == Coding::keyed) {
-      return [NSKeyedUnarchiver
-          unarchiveObjectWithData:[NSKeyedArchiver archivedDataWithRootObject:scroller]];
-    }
-    return [NSUnarchiver unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:scroller]];
-  }
-};
+class ScrollerArchive : public ScrollerTest, public testing::WithParamInterface<Coding> {};
 
 TEST_P(ScrollerArchive, HasTheDefaultAppearanceAndNoDelegate) {
   const PartImages images;
@@ -41,13 +31,12 @@ TEST_P(ScrollerArchive, HasTheDefaultAppearanceAndNoDelegate) {
     for (const BOOL enabled : {NO, YES}) {
       HXScroller *scroller = [[[HXScroller alloc] initWithFrame:frame] autorelease];
       [scroller setAppearance:HXScrollerAppearanceBlack];
-      [scroller setDelegate:images.requests().empty() ? nil : NSApp];
+      [scroller setDelegate:NSApp];
       [scroller setAction:@selector(scrolled:)];
       [scroller setKnobProportion:0.25];
       [scroller setFloatValue:0.75F];
       [scroller setEnabled:enabled];
-      EXPECT_EQ([scroller delegate], NSApp);
-      HXScroller *copy = copyOf(scroller);
+      HXScroller *copy = roundTrip(scroller, GetParam());
       ASSERT_TRUE([copy isMemberOfClass:[HXScroller class]]);
       EXPECT_EQ([copy appearance], HXScrollerAppearanceDefault);
       EXPECT_EQ([copy delegate], nil);
@@ -75,9 +64,7 @@ TEST_P(ScrollerArchive, HasTheDefaultAppearanceAndNoDelegate) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, ScrollerArchive, testing::Values(Coding::keyed, Coding::sequential),
-                         [](const auto &info) {
-                           return info.param == Coding::keyed ? "keyed" : "sequential";
-                         });
+                         codingName);
 
 class ScrollerInterfaceFile : public ScrollerTest {};
 

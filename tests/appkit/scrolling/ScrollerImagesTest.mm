@@ -264,4 +264,84 @@ TEST_F(ScrollerImages, ShowWhatLiesBelowWhereTheyAreTransparent) {
   EXPECT_EQ(pictureOf(scroller).count([scroller bounds], kBlue), 18 * 148);
 }
 
+// The library's own images.
+class ScrollerThemes : public ScrollerTest, public testing::WithParamInterface<int> {
+ protected:
+  void SetUp() override {
+    ScrollerTest::SetUp();
+    window = showWindow(NSMakeSize(240, 240));
+    [window setBackgroundColor:[NSColor colorWithDeviceRed:0 green:0 blue:1 alpha:1]];
+  }
+
+  Picture drawn(bool horizontal, int hitPart = 0, bool enabled = true, CGFloat length = 148) {
+    OvTestScroller *scroller = makeScroller(window, horizontal, length);
+    [scroller setAppearance:GetParam()];
+    [scroller setEnabled:enabled];
+    [scroller setValue:@(hitPart) forKey:@"hitPart"];
+    const Picture picture = pictureOf(scroller);
+    EXPECT_EQ(picture.count([scroller bounds], kBlue), 0) << "the images leave nothing open";
+    [scroller removeFromSuperview];
+    return picture;
+  }
+
+  // In a stretch of a vertical scroller.
+  static int differences(const Picture &a, const Picture &b, int from = 0, int to = 148) {
+    int count = 0;
+    for (int y = from; y < to; ++y) {
+      for (int x = 0; x < 18; ++x) count += !near(a.at(x, y), b.at(x, y));
+    }
+    return count;
+  }
+
+  NSWindow *window;
+};
+
+INSTANTIATE_TEST_SUITE_P(Both, ScrollerThemes, testing::ValuesIn(kThemes), [](const auto &info) {
+  return info.param == HXScrollerAppearanceMetal ? "metal" : "black";
+});
+
+TEST_P(ScrollerThemes, AHorizontalScrollerIsAVerticalOneTurned) {
+  for (const int configuration : {1, 2, 3, 4}) {
+    [OvTestScroller setArrows:configuration];
+    for (const int hitPart : {0, 2, 4, 5}) {
+      const Picture vertical = drawn(false, hitPart);
+      const Picture horizontal = drawn(true, hitPart);
+      int different = 0;
+      for (int y = 0; y < 148; ++y) {
+        for (int x = 0; x < 18; ++x) different += !near(vertical.at(x, y), horizontal.at(y, x));
+      }
+      EXPECT_EQ(different, 0) << configuration << " " << hitPart;
+    }
+  }
+}
+
+TEST_P(ScrollerThemes, StatesAreSeen) {
+  // An arrow, 18 long, and 5 of the slot's end at each end; the knob in the middle.
+  [OvTestScroller setArrows:1];
+  const Picture normal = drawn(false);
+  const Picture pushedKnob = drawn(false, 2);
+  EXPECT_GT(differences(normal, pushedKnob, 60, 90), 100);
+  EXPECT_EQ(differences(normal, pushedKnob, 0, 23), 0);
+  EXPECT_EQ(differences(normal, pushedKnob, 125, 148), 0);
+  const Picture pushedUp = drawn(false, 4);
+  EXPECT_GT(differences(normal, pushedUp, 0, 18), 100);
+  EXPECT_EQ(differences(normal, pushedUp, 23, 148), 0);
+  const Picture pushedDown = drawn(false, 5);
+  EXPECT_GT(differences(normal, pushedDown, 130, 148), 100);
+  EXPECT_EQ(differences(normal, pushedDown, 0, 125), 0);
+  const Picture disabled = drawn(false, 0, false);
+  EXPECT_GT(differences(normal, disabled, 0, 18), 50);
+  EXPECT_GT(differences(normal, disabled, 60, 90), 50);
+  EXPECT_GT(differences(normal, disabled, 130, 148), 50);
+  // Between arrow and knob there is slot, which has one state.
+  EXPECT_EQ(differences(normal, disabled, 24, 46), 0);
+}
+
+TEST_P(ScrollerThemes, ShortOnesAreFilledToo) {
+  for (const int configuration : {0, 1, 2, 3, 4}) {
+    [OvTestScroller setArrows:configuration];
+    for (CGFloat length = 19; length < 110; length += 7) drawn(false, 0, true, length);
+  }
+}
+
 }  // namespace
