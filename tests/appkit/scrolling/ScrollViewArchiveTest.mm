@@ -107,15 +107,14 @@ TEST_P(ScrollViewArchive, OtherScrollersAreReplacedByOursWhichTell) {
   }
   EXPECT_EQ(layoutFault(scroll), "");
   host(scroll);
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20, 30}));
-  EXPECT_TRUE(dragKnob([scroll horizontalScroller], {10, 20, 30}));
-  EXPECT_THAT([delegate summary], ElementsAre("will v 2", "scroll...", "did v 2", "will h 2",
-                                              "scroll...", "did h 2"));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20, 30 }));
+  EXPECT_TRUE(dragKnob([scroll horizontalScroller], { 10, 20, 30 }));
+  EXPECT_THAT([delegate summary],
+              ElementsAre("will v 2", "scroll...", "did v 2", "will h 2", "scroll...", "did h 2"));
 }
 
 TEST_P(ScrollViewArchive, ReplacedOnesLieAndStandAsThoseBefore) {
-  HXScrollView *written =
-      makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
+  HXScrollView *written = makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
   HXScrollView *scroll = roundTrip(written, GetParam());
   EXPECT_EQ([[scroll verticalScroller] frame], [[written verticalScroller] frame]);
   EXPECT_EQ([[scroll horizontalScroller] frame], [[written horizontalScroller] frame]);
@@ -138,8 +137,8 @@ TEST_P(ScrollViewArchive, OursStayAndTellOfTheContentOnly) {
   EXPECT_EQ([(HXScroller *)[scroll horizontalScroller] delegate], nil);
   EXPECT_EQ(layoutFault(scroll), "");
   host(scroll);
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20, 30}));
-  EXPECT_TRUE(dragKnob([scroll horizontalScroller], {10, 20, 30}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20, 30 }));
+  EXPECT_TRUE(dragKnob([scroll horizontalScroller], { 10, 20, 30 }));
   EXPECT_THAT([delegate summary], ElementsAre("scroll..."));
 }
 
@@ -172,8 +171,7 @@ TEST_P(ScrollViewArchive, AMissingScrollerIsNotMade) {
 }
 
 TEST_P(ScrollViewArchive, ScrollersThatComeLaterTellNothing) {
-  HXScrollView *written =
-      makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
+  HXScrollView *written = makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
   [written setAutohidesScrollers:YES];
   [[written documentView] setFrameSize:NSMakeSize(50, 50)];
   [written reflectScrolledClipView:[written contentView]];
@@ -190,8 +188,7 @@ TEST_P(ScrollViewArchive, ScrollersThatComeLaterTellNothing) {
 }
 
 TEST_P(ScrollViewArchive, HiddenOnesOfTheArchiveHideAgain) {
-  HXScrollView *written =
-      makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
+  HXScrollView *written = makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
   [[written documentView] setFrameSize:NSMakeSize(50, 50)];
   [written setAutohidesScrollers:YES];
   ASSERT_TRUE([written hasVerticalScroller]);
@@ -208,8 +205,7 @@ TEST_P(ScrollViewArchive, HiddenOnesOfTheArchiveHideAgain) {
 }
 
 TEST_P(ScrollViewArchive, TheDelegateIsNotInIt) {
-  HXScrollView *written =
-      makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
+  HXScrollView *written = makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
   [written setDelegate:delegate];
   HXScrollView *scroll = roundTrip(written, GetParam());
   EXPECT_EQ([scroll delegate], nil);
@@ -225,13 +221,12 @@ TEST_P(ScrollViewArchive, EverythingIsSetUpOnce) {
   EXPECT_THAT(*scroll->setUp, ElementsAre("replace", "observe"));
   EXPECT_TRUE([[scroll contentView] postsBoundsChangedNotifications]);
   host(scroll);
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10 }));
   EXPECT_THAT(delegate->lines, ElementsAre("will v 2", "scroll", "did v 2"));
 }
 
 TEST_P(ScrollViewArchive, DamagedOnesAreSurvived) {
-  HXScrollView *written =
-      makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
+  HXScrollView *written = makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
   // Without a content view, which the platform may refuse.
   [[written contentView] removeFromSuperview];
   @try {
@@ -314,8 +309,8 @@ class ScrollViewFile : public ScrollViewTest {
     ASSERT_EQ([scroll class], [HXScrollView class]);
     EXPECT_EQ(layoutFault(scroll), "");
     host(scroll);
-    EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20, 30}));
-    EXPECT_TRUE(dragKnob([scroll horizontalScroller], {10, 20, 30}));
+    EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20, 30 }));
+    EXPECT_TRUE(dragKnob([scroll horizontalScroller], { 10, 20, 30 }));
     EXPECT_THAT([delegate summary], ElementsAre("will v 2", "scroll...", "did v 2", "will h 2",
                                                 "scroll...", "did h 2"));
   }
@@ -330,7 +325,7 @@ TEST_F(ScrollViewFile, AXibMayHaveOurs) {
   EXPECT_EQ([(HXScroller *)[scroll horizontalScroller] delegate], nil);
   EXPECT_EQ(layoutFault(scroll), "");
   host(scroll);
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20 }));
   EXPECT_THAT([delegate summary], ElementsAre("scroll..."));
 }
 
@@ -342,8 +337,7 @@ TEST_F(ScrollViewFile, AXibMayHaveOneDirectionOnly) {
 }
 
 TEST_F(ScrollViewFile, AXibMayHideThem) {
-  HXScrollView *scroll =
-      loadXib(@"autohidesScrollers=\"YES\" borderType=\"none\"", @"");
+  HXScrollView *scroll = loadXib(@"autohidesScrollers=\"YES\" borderType=\"none\"", @"");
   EXPECT_TRUE([scroll autohidesScrollers]);
   EXPECT_TRUE([scroll hasVerticalScroller]);
   [[scroll documentView] setFrameSize:NSMakeSize(10, 10)];
@@ -353,16 +347,15 @@ TEST_F(ScrollViewFile, AXibMayHideThem) {
 
 // So the platform's editor writes views that are to be of another class.
 TEST_F(ScrollViewFile, AGormFileHasAScrollViewOfThePlatform) {
-  NSScrollView *written = makeWith<NSScrollView>([NSScrollView class], [NSScroller class],
-                                                 [NSScroller class]);
+  NSScrollView *written =
+      makeWith<NSScrollView>([NSScrollView class], [NSScroller class], [NSScroller class]);
   expectToTell(loadGorm([[[GSViewTemplate alloc] initWithObject:written
                                                       className:@"HXScrollView"
                                                  superClassName:@"NSScrollView"] autorelease]));
 }
 
 TEST_F(ScrollViewFile, AGormFileHasOursWithScrollersOfThePlatform) {
-  expectToTell(
-      loadGorm(makeWith([HXScrollView class], [NSScroller class], [NSScroller class])));
+  expectToTell(loadGorm(makeWith([HXScrollView class], [NSScroller class], [NSScroller class])));
 }
 
 TEST_F(ScrollViewFile, AGormFileMayHaveOurs) {
@@ -374,8 +367,8 @@ TEST_F(ScrollViewFile, AGormFileMayHaveOurs) {
 }
 
 TEST_F(ScrollViewFile, AKeyedArchiveOfThePlatformsScrollViewIsReadAsOurs) {
-  NSScrollView *written = makeWith<NSScrollView>([NSScrollView class], [NSScroller class],
-                                                 [NSScroller class]);
+  NSScrollView *written =
+      makeWith<NSScrollView>([NSScrollView class], [NSScroller class], [NSScroller class]);
   NSMutableData *data = [NSMutableData data];
   NSKeyedArchiver *archiver =
       [[[NSKeyedArchiver alloc] initForWritingWithMutableData:data] autorelease];
@@ -392,8 +385,7 @@ TEST_F(ScrollViewFile, ANibFileHasScrollersOfThePlatform) {
   NSCustomObject *owner = [[[NSCustomObject alloc] init] autorelease];
   [owner setClassName:@"OvTestScrollNibOwner"];
   [container setRoot:owner];
-  HXScrollView *written =
-      makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
+  HXScrollView *written = makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
   NSMapInsert([container objects], written, owner);
   NSMapInsert([container oids], written, @1);
   NSMapInsert([container oids], owner, @(-1));

@@ -87,16 +87,15 @@ TEST_F(ScrollViewLifetime, NoOtherNotificationComesAfterwards) {
 class ScrollViewLettingGo : public ScrollViewLifetime,
                             public testing::WithParamInterface<std::pair<const char *, bool>> {};
 
-INSTANTIATE_TEST_SUITE_P(
-    Calls, ScrollViewLettingGo,
-    testing::Values(std::pair{"will v 2", true}, std::pair{"scroll", true},
-                    std::pair{"did v 2", true}, std::pair{"will v 5", false},
-                    std::pair{"did v 5", false}),
-    [](const auto &info) {
-      std::string name = info.param.first;
-      std::erase(name, ' ');
-      return name;
-    });
+INSTANTIATE_TEST_SUITE_P(Calls, ScrollViewLettingGo,
+                         testing::Values(std::pair{"will v 2", true}, std::pair{"scroll", true},
+                                         std::pair{"did v 2", true}, std::pair{"will v 5", false},
+                                         std::pair{"did v 5", false}),
+                         [](const auto &info) {
+                           std::string name = info.param.first;
+                           std::erase(name, ' ');
+                           return name;
+                         });
 
 // The delegate closes what it was told of.
 TEST_P(ScrollViewLettingGo, TheScrollViewLivesUntilTheEventIsOver) {
@@ -139,9 +138,8 @@ TEST_F(ScrollViewLifetime, TheDelegateMayGoInItsOwnCall) {
       [scroll setDelegate:nil];
       [mortal autorelease];
     };
-    EXPECT_TRUE(dragKnob([scroll verticalScroller], {scrolledDown(scroll) > 0 ? -30.0 : 30.0}));
+    EXPECT_TRUE(dragKnob([scroll verticalScroller], { scrolledDown(scroll) > 0 ? -30.0 : 30.0 }));
     EXPECT_TRUE(gone);
-    mortal->onLine = nullptr;
   }
 }
 
@@ -150,7 +148,7 @@ TEST_F(ScrollViewLifetime, TheDocumentMayGoWhileTheKnobIsDragged) {
   delegate->onLine = [&](const std::string &line) {
     if (line == "scroll") [scroll setDocumentView:nil];
   };
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20, 30}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20, 30 }));
   delegate->onLine = nullptr;
   EXPECT_EQ([scroll documentView], nil);
   EXPECT_FALSE([[scroll verticalScroller] isEnabled]);

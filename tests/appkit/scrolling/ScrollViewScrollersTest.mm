@@ -37,9 +37,9 @@ class ScrollViewScrollers : public ScrollViewTest {
     return [[[viewClass alloc] initWithFrame:NSMakeRect(0, 0, 200, 150)] autorelease];
   }
   void setDocument(NSScrollView *scroll, NSSize size) {
-    [scroll setDocumentView:[[[OvTestDocument alloc]
-                                initWithFrame:NSMakeRect(0, 0, size.width, size.height)]
-                                autorelease]];
+    [scroll
+        setDocumentView:[[[OvTestDocument alloc]
+                            initWithFrame:NSMakeRect(0, 0, size.width, size.height)] autorelease]];
   }
 };
 
@@ -147,11 +147,11 @@ TEST_F(ScrollViewScrollers, ThoseThatComeAndGoByThemselvesAreOurs) {
 
 TEST_F(ScrollViewScrollers, TheyScroll) {
   HXScrollView *scroll = makeScroll();
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {30}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 30 }));
   const CGFloat down = scrolledDown(scroll);
   EXPECT_GT(down, 50);
   EXPECT_EQ(scrolledRight(scroll), 0);
-  EXPECT_TRUE(dragKnob([scroll horizontalScroller], {30}));
+  EXPECT_TRUE(dragKnob([scroll horizontalScroller], { 30 }));
   EXPECT_GT(scrolledRight(scroll), 50);
   EXPECT_EQ(scrolledDown(scroll), down);
 }
@@ -284,14 +284,14 @@ TEST_F(ScrollViewScrollers, OddSizesAreSurvived) {
   EXPECT_EQ(layoutFault(tiny), "");
   [scroll setFrameSize:NSMakeSize(200, 150)];
   EXPECT_EQ(layoutFault(scroll), "");
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {20}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 20 }));
   EXPECT_GT(scrolledDown(scroll), 0);
 }
 
 TEST_F(ScrollViewScrollers, ScrollersInThemesWork) {
   HXScrollView *scroll = makeRelayingScroll();
-  for (int appearance : {+HXScrollerAppearanceMetal, +HXScrollerAppearanceBlack, 77,
-                         +HXScrollerAppearanceDefault}) {
+  for (int appearance :
+       {+HXScrollerAppearanceMetal, +HXScrollerAppearanceBlack, 77, +HXScrollerAppearanceDefault}) {
     [(HXScroller *)[scroll verticalScroller] setAppearance:appearance];
     [scroll display];
     EXPECT_EQ(layoutFault(scroll), "");
@@ -304,8 +304,7 @@ TEST_F(ScrollViewScrollers, HeadersStayAboveTheirColumns) {
   HXScrollView *scroll = bare();
   [scroll setHasVerticalScroller:YES];
   [scroll setHasHorizontalScroller:YES];
-  NSTableView *table =
-      [[[NSTableView alloc] initWithFrame:NSMakeRect(0, 0, 600, 500)] autorelease];
+  NSTableView *table = [[[NSTableView alloc] initWithFrame:NSMakeRect(0, 0, 600, 500)] autorelease];
   for (NSString *name in @[ @"a", @"b", @"c" ]) {
     NSTableColumn *column = [[[NSTableColumn alloc] initWithIdentifier:name] autorelease];
     [column setWidth:250];
@@ -313,7 +312,7 @@ TEST_F(ScrollViewScrollers, HeadersStayAboveTheirColumns) {
   }
   [scroll setDocumentView:table];
   host(scroll);
-  ASSERT_TRUE(dragKnob([scroll horizontalScroller], {40}));
+  ASSERT_TRUE(dragKnob([scroll horizontalScroller], { 40 }));
   const CGFloat right = scrolledRight(scroll);
   EXPECT_GT(right, 50);
   EXPECT_EQ([(NSView *)[[table headerView] superview] bounds].origin.x, right);
@@ -336,7 +335,7 @@ TEST_F(ScrollViewScrollers, RulersStay) {
   EXPECT_EQ([[scroll horizontalRulerView] superview], scroll);
   EXPECT_EQ([[scroll verticalRulerView] superview], scroll);
   EXPECT_EQ(layoutFault(scroll), "");
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {30}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 30 }));
   EXPECT_GT([delegate scrolls], 0);
 }
 
