@@ -89,7 +89,8 @@
 - (void)_observeContentBounds;
 
 /** Make the scroller the scroll view's. It shows at once if the scroll view has scrollers of that
-    direction. The scroller before it forgets the scroll view, if that was its delegate or target. */
+    direction. The scroller before it forgets the scroll view, if that was its delegate or target.
+ */
 - (void)setHorizontalScroller:(NSScroller *)scroller;
 - (void)setVerticalScroller:(NSScroller *)scroller;
 
