@@ -96,7 +96,8 @@ endfunction()
 function(ov_add_application TARGET)
   cmake_parse_arguments(ARG "" "NAME;INFO" "SOURCES;RESOURCES;LINK" ${ARGN})
   set(application ${CMAKE_BINARY_DIR}/${ARG_NAME}.app)
-  add_executable(${TARGET} ${ARG_SOURCES})
+  # Among the sources, so that resources that are made by the build are made before.
+  add_executable(${TARGET} ${ARG_SOURCES} ${ARG_RESOURCES})
   set_target_properties(${TARGET} PROPERTIES
     OUTPUT_NAME ${ARG_NAME}
     LINKER_LANGUAGE CXX
@@ -108,6 +109,8 @@ function(ov_add_application TARGET)
   file(MAKE_DIRECTORY ${application}/Resources)
   configure_file(${ARG_INFO} ${application}/Resources/Info-gnustep.plist COPYONLY)
   foreach(resource IN LISTS ARG_RESOURCES)
-    configure_file(${resource} ${application}/Resources COPYONLY)
+    get_filename_component(file ${resource} NAME)
+    get_filename_component(resource ${resource} ABSOLUTE)
+    file(CREATE_LINK ${resource} ${application}/Resources/${file} SYMBOLIC)
   endforeach()
 endfunction()

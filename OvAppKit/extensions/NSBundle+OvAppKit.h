@@ -20,9 +20,11 @@
 @interface NSBundle (HXAppKitExtensions)
 
 /** The image of a name, with or without extension, as `pathForImageResource:` finds it: a new
-    one at each call, autoreleased, which refers to its file. nil where there is no such
-    resource, for an empty or nil name, and for a file that `-[NSBitmapImageRep
-    initWithContentsOfFile:]` would refuse as unsafe. */
+    one at each call, autoreleased, which refers to its file. A file with "@2x" after the name
+    and the same extension, of exactly twice as many pixels each way as the image has points, is
+    a second representation for finer screens, and the size stays that of the first. nil where
+    there is no such resource, for an empty or nil name, and for a file that
+    `-[NSBitmapImageRep initWithContentsOfFile:]` would refuse as unsafe. */
 - (NSImage *)imageForResource:(NSString *)name;
 
 @end

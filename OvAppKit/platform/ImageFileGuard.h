@@ -18,8 +18,9 @@ NSData *OvSafeImageDataWithContentsOfFile(NSString *path);
 // releases it and answers nil, also for pictures whose damage shows only when they are read.
 NSBitmapImageRep *OvInitBitmapWithData(NSBitmapImageRep *bitmap, NSData *data);
 
-// An image that refers to a file, owned by the caller; nil where there is no picture, or an unsafe
-// one. The one way to make an image from a path of the host's.
+// An image that refers to a file, owned by the caller, in two resolutions where NAME@2x lies beside
+// it; nil where there is no picture, or an unsafe one. The one way to make an image from a path of
+// the host's.
 NSImage *OvNewImageByReferencingFile(NSString *path) __attribute__((ns_returns_retained));
 
 // The same for a URL, which the platform lacks; one that is no file's is loaded at once.

@@ -1,5 +1,6 @@
 #include "platform/ImageFileGuard.h"
 
+#import "platform/FinerImages.h"
 #include "platform/ImageHeaders.h"
 
 BOOL OvIsSafeImageData(NSData *data) {
@@ -33,7 +34,9 @@ NSBitmapImageRep *OvInitBitmapWithData(NSBitmapImageRep *bitmap, NSData *data) {
 
 NSImage *OvNewImageByReferencingFile(NSString *path) {
   if (OvSafeImageDataWithContentsOfFile(path) == nil) return nil;
-  return [[NSImage alloc] initByReferencingFile:path];
+  NSImage *image = [[NSImage alloc] initByReferencingFile:path];
+  OvAddFinerRepresentation(image, path);
+  return image;
 }
 
 NSImage *OvNewImageByReferencingURL(NSURL *url) {

@@ -316,7 +316,7 @@ static NSString *OvAppearanceName(int appearance) {
   const NSRect slot = [self rectForPart:NSScrollerKnobSlot];
   const NSRect knob = [self rectForPart:NSScrollerKnob];
   _state->knob = ov::fromNS(knob);
-  [self drawKnobSlotInRect:slot highlight:NO];
+  if (!NSIsEmptyRect(slot)) [self drawKnobSlotInRect:slot highlight:NO];
   [self drawKnob];
   // Those that stand beside what is drawn are not asked for, as while the knob is dragged.
   if ([self usableParts] == NSNoScrollerParts || _arrowsPosition == NSScrollerArrowsNone) return;

@@ -3,6 +3,7 @@
 #import <OvAppKit/OvCollapsingView.h>
 #import <OvAppKit/OvTextField.h>
 
+#import "platform/FinerImages.h"
 #import "split/OvCollapsingView+Private.h"
 #include "support/Methods.h"
 #include "support/Retained.h"
@@ -36,13 +37,7 @@ static NSImage *ownImage(NSString *name) {
   NSString *path = [bundle pathForResource:name ofType:@"tiff"];
   if (path == nil) return nil;
   NSImage *image = [[[NSImage alloc] initWithContentsOfFile:path] autorelease];
-  // The platform does not look for this one by itself.
-  NSString *finer = [bundle pathForResource:[name stringByAppendingString:@"@2x"] ofType:@"tiff"];
-  NSImageRep *rep = finer != nil ? [NSImageRep imageRepWithContentsOfFile:finer] : nil;
-  if (image != nil && rep != nil) {
-    [rep setSize:[image size]];
-    [image addRepresentation:rep];
-  }
+  OvAddFinerRepresentation(image, path);
   return image;
 }
 

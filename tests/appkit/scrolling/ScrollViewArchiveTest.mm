@@ -4,6 +4,7 @@
 #import <GNUstepGUI/GSGormLoading.h>
 #import <GNUstepGUI/GSNibLoading.h>
 
+#import "Coding.h"
 #import "ScrollViewTest.h"
 #import "Supervisor.h"
 
@@ -60,16 +61,6 @@ using testing::ElementsAre;
 
 namespace {
 
-enum class Coding { keyed, sequential };
-
-id roundTrip(id object, Coding coding) {
-  if (coding == Coding::keyed) {
-    return [NSKeyedUnarchiver
-        unarchiveObjectWithData:[NSKeyedArchiver archivedDataWithRootObject:object]];
-  }
-  return [NSUnarchiver unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:object]];
-}
-
 template <typename View = HXScrollView>
 View *makeWith(Class viewClass, Class verticalClass, Class horizontalClass) {
   View *scroll = [[[viewClass alloc] initWithFrame:NSMakeRect(10, 20, 200, 150)] autorelease];
@@ -94,9 +85,7 @@ class ScrollViewArchive : public ScrollViewTest, public testing::WithParamInterf
 };
 
 INSTANTIATE_TEST_SUITE_P(Codings, ScrollViewArchive,
-                         testing::Values(Coding::keyed, Coding::sequential), [](const auto &info) {
-                           return info.param == Coding::keyed ? "keyed" : "sequential";
-                         });
+                         testing::Values(Coding::keyed, Coding::sequential), codingName);
 
 TEST_P(ScrollViewArchive, OtherScrollersAreReplacedByOursWhichTell) {
   HXScrollView *scroll = read([NSScroller class], [OvTestForeignScroller class]);

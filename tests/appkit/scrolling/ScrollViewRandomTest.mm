@@ -2,6 +2,7 @@
 // the delegate, that their origin says; they lie inside of the scroll view, beside its content;
 // and the delegate has heard of what was done by hand, and of nothing else.
 
+#import "Coding.h"
 #import "ScrollViewTest.h"
 
 using namespace ov::test;
@@ -39,8 +40,7 @@ class ScrollViewRandomOperations : public ScrollViewTest {
 
   void begin() {
     window = showWindow(NSMakeSize(420, 420));
-    show(
-        [[[HXScrollView alloc] initWithFrame:NSMakeRect(10, 10, 200, 150)] autorelease]);
+    show([[[HXScrollView alloc] initWithFrame:NSMakeRect(10, 10, 200, 150)] autorelease]);
     setDocument(600, 500);
   }
 
@@ -55,8 +55,8 @@ class ScrollViewRandomOperations : public ScrollViewTest {
   }
 
   void setDocument(CGFloat width, CGFloat height) {
-    [scroll setDocumentView:[[[OvTestDocument alloc]
-                                initWithFrame:NSMakeRect(0, 0, width, height)] autorelease]];
+    [scroll setDocumentView:[[[OvTestDocument alloc] initWithFrame:NSMakeRect(0, 0, width, height)]
+                                autorelease]];
   }
 
   void install(bool vertical, Random &random) {
@@ -89,11 +89,7 @@ class ScrollViewRandomOperations : public ScrollViewTest {
   }
 
   void archive(bool keyed) {
-    HXScrollView *read =
-        keyed ? [NSKeyedUnarchiver
-                    unarchiveObjectWithData:[NSKeyedArchiver archivedDataWithRootObject:scroll]]
-              : [NSUnarchiver
-                    unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:scroll]];
+    HXScrollView *read = roundTrip(scroll, keyed ? Coding::keyed : Coding::sequential);
     for (bool vertical : {false, true}) {
       Direction &direction = directions[vertical];
       // Scrollers that do not show are not in archives.
@@ -194,7 +190,7 @@ class ScrollViewRandomOperations : public ScrollViewTest {
             [scroller(vertical) isEnabled] && from != Origin::kPlain) {
           changes->take();
           worked = work(vertical, random);
-          EXPECT_EQ([delegate scrolls], changes->take());
+          EXPECT_EQ([delegate scrolls], changes -> take());
         } else {
           [scroll setBorderType:static_cast<NSBorderType>(random.integer(0, 3))];
         }
@@ -231,8 +227,8 @@ class ScrollViewRandomOperations : public ScrollViewTest {
       EXPECT_EQ(now, direction.scroller);
       direction.had = has(vertical);
       if (now == nil) continue;
-      EXPECT_EQ([now class], direction.origin == Origin::kPlain ? [NSScroller class]
-                                                                : [HXScroller class]);
+      EXPECT_EQ([now class],
+                direction.origin == Origin::kPlain ? [NSScroller class] : [HXScroller class]);
       EXPECT_EQ([now hitPart], NSScrollerNoPart);
       if (direction.origin != Origin::kPlain) {
         id hears = direction.origin == Origin::kReplaced                ? scroll
@@ -242,8 +238,8 @@ class ScrollViewRandomOperations : public ScrollViewTest {
         if (has(vertical) && ![scroll autohidesScrollers]) {
           const NSSize document = [[scroll documentView] frame].size;
           const NSSize content = [scroll contentSize];
-          EXPECT_EQ([now isEnabled], vertical ? document.height > content.height
-                                              : document.width > content.width);
+          EXPECT_EQ([now isEnabled],
+                    vertical ? document.height > content.height : document.width > content.width);
         }
       }
     }
