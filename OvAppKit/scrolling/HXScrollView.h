@@ -4,8 +4,9 @@
 //   HXScrollView *scroll = [[HXScrollView alloc] initWithFrame:frame];
 //   [scroll setHasVerticalScroller:YES];
 //   [scroll setDocumentView:document];
-//   [scroll setDelegate:self];                      // scrollViewDidScrollContent:
-//   [[scroll verticalScroller] setDelegate:scroll]; // and scroller:inScrollView:willTrackPart:
+//   [scroll setDelegate:self];        // scrollViewDidScrollContent:
+//   HXScroller *scroller = (HXScroller *)[scroll verticalScroller];
+//   [scroller setDelegate:scroll];    // scroller:inScrollView:willTrackPart: and ...didTrackPart:
 //
 // A drag of the knob, or a press on an arrow or beside the knob, is told like this:
 //

@@ -213,7 +213,15 @@ class ScrollViewRandomOperations : public ScrollViewTest {
     delegate->lines.clear();
   }
 
+  bool isNeeded(bool vertical) {
+    const NSSize document = [[scroll documentView] frame].size;
+    const NSSize content = [scroll contentSize];
+    return vertical ? document.height > content.height : document.width > content.width;
+  }
+
   void compare() {
+    // Whatever scrolls next would.
+    if ([scroll autohidesScrollers]) [scroll reflectScrolledClipView:[scroll contentView]];
     for (bool vertical : {false, true}) {
       SCOPED_TRACE(vertical ? "vertical" : "horizontal");
       Direction &direction = directions[vertical];
@@ -226,6 +234,7 @@ class ScrollViewRandomOperations : public ScrollViewTest {
       }
       EXPECT_EQ(now, direction.scroller);
       direction.had = has(vertical);
+      if ([scroll autohidesScrollers]) EXPECT_EQ(has(vertical), isNeeded(vertical));
       if (now == nil) continue;
       EXPECT_EQ([now class],
                 direction.origin == Origin::kPlain ? [NSScroller class] : [HXScroller class]);
@@ -235,12 +244,7 @@ class ScrollViewRandomOperations : public ScrollViewTest {
                    : direction.origin == Origin::kInstalledWithDelegate ? (id)other
                                                                         : nil;
         EXPECT_EQ([(HXScroller *)now delegate], hears);
-        if (has(vertical) && ![scroll autohidesScrollers]) {
-          const NSSize document = [[scroll documentView] frame].size;
-          const NSSize content = [scroll contentSize];
-          EXPECT_EQ([now isEnabled],
-                    vertical ? document.height > content.height : document.width > content.width);
-        }
+        if (has(vertical)) EXPECT_EQ([now isEnabled], isNeeded(vertical));
       }
     }
     EXPECT_FALSE([scroll isHorizontalScrollerTraking]);

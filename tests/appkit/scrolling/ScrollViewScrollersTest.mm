@@ -145,6 +145,57 @@ TEST_F(ScrollViewScrollers, ThoseThatComeAndGoByThemselvesAreOurs) {
   EXPECT_EQ(layoutFault(scroll), "");
 }
 
+// The platform's own decision never ends here.
+TEST_F(ScrollViewScrollers, ADocumentThatFitsWithoutThemOnlyHasNone) {
+  HXScrollView *scroll = bare();
+  [scroll setAutohidesScrollers:YES];
+  setDocument(scroll, NSMakeSize(100, 400));
+  ASSERT_TRUE([scroll hasVerticalScroller]);
+  ASSERT_FALSE([scroll hasHorizontalScroller]);
+  [[scroll documentView] setFrameSize:NSMakeSize(190, 140)];
+  EXPECT_FALSE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+  setDocument(scroll, NSMakeSize(600, 500));
+  EXPECT_TRUE([scroll hasVerticalScroller]);
+  EXPECT_TRUE([scroll hasHorizontalScroller]);
+  [[scroll documentView] setFrameSize:NSMakeSize(200, 150)];
+  EXPECT_FALSE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+  EXPECT_TRUE([scroll autohidesScrollers]);
+  EXPECT_EQ(layoutFault(scroll), "");
+}
+
+TEST_F(ScrollViewScrollers, OneThatComesCallsForTheOther) {
+  HXScrollView *scroll = bare();
+  [scroll setAutohidesScrollers:YES];
+  setDocument(scroll, NSMakeSize(190, 151));
+  EXPECT_TRUE([scroll hasVerticalScroller]);
+  EXPECT_TRUE([scroll hasHorizontalScroller]);
+  EXPECT_TRUE([[scroll verticalScroller] isEnabled]);
+  EXPECT_TRUE([[scroll horizontalScroller] isEnabled]);
+  [scroll setFrameSize:NSMakeSize(209, 150)];
+  EXPECT_TRUE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+  EXPECT_EQ(layoutFault(scroll), "");
+}
+
+TEST_F(ScrollViewScrollers, AScaledDocumentHidesThemByItsOwnMeasure) {
+  HXScrollView *scroll = bare();
+  [scroll setAutohidesScrollers:YES];
+  setDocument(scroll, NSMakeSize(50, 140));
+  ASSERT_FALSE([scroll hasVerticalScroller]);
+  [[scroll contentView] scaleUnitSquareToSize:NSMakeSize(2, 2)];
+  ASSERT_TRUE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+  [[scroll documentView] setFrameSize:NSMakeSize(90.4, 140)];
+  EXPECT_FALSE([scroll hasHorizontalScroller]) << "90.5 lie beside the vertical one";
+  [[scroll documentView] setFrameSize:NSMakeSize(91, 140)];
+  EXPECT_TRUE([scroll hasHorizontalScroller]);
+  [[scroll documentView] setFrameSize:NSMakeSize(100, 75)];
+  EXPECT_FALSE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+}
+
 TEST_F(ScrollViewScrollers, TheyScroll) {
   HXScrollView *scroll = makeScroll();
   EXPECT_TRUE(dragKnob([scroll verticalScroller], { 30 }));
