@@ -85,7 +85,6 @@ ov::Retained<HXScroller *> makeReplacement(NSScroller *old, HXScrollView *view) 
   if (scroller == nil || [self contentView] == nil) return;
   [self addSubview:scroller];
   [self tile];
-  [self reflectScrolledClipView:[self contentView]];
 }
 
 - (void)setHorizontalScroller:(NSScroller *)scroller {
@@ -192,7 +191,8 @@ ov::Retained<HXScroller *> makeReplacement(NSScroller *old, HXScrollView *view) 
   [super willRemoveSubview:view];
 }
 
-// The delegate may let go of the scroll view, while scroller and content view are at work for it.
+// The delegate may let go of the scroll view, while scroller and content view are at work for it
+// until the event is over.
 - (void)contentBoundsDidChange:(NSNotification *)notification {
   (void)notification;
   if (![delegate respondsToSelector:@selector(scrollViewDidScrollContent:)]) return;
@@ -209,7 +209,6 @@ ov::Retained<HXScroller *> makeReplacement(NSScroller *old, HXScrollView *view) 
 }
 
 - (void)scroller:(HXScroller *)scroller didTrackPart:(NSScrollerPart)part {
-  [[self retain] autorelease];
   if ([delegate respondsToSelector:@selector(scroller:inScrollView:didTrackPart:)]) {
     [delegate scroller:scroller inScrollView:self didTrackPart:part];
   }

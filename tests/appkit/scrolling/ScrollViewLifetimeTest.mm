@@ -124,6 +124,28 @@ TEST_P(ScrollViewLettingGo, TheScrollViewLivesUntilTheEventIsOver) {
   EXPECT_EQ(scrollViewDeaths, 1);
 }
 
+// Nobody is told before the content scrolls.
+TEST_F(ScrollViewLifetime, AScrollViewWhoseScrollersTellNothingLivesAsLong) {
+  HXScrollView *scroll = makeMortal();
+  NSScroller *scroller = [scroll verticalScroller];
+  [(HXScroller *)scroller setDelegate:nil];
+  bool gone = false;
+  delegate->onLine = [&](const std::string &) {
+    gone = true;
+    @autoreleasepool {
+      [scroll removeFromSuperview];
+    }
+    EXPECT_EQ(scrollViewDeaths, 0);
+  };
+  @autoreleasepool {
+    dragKnob(scroller, {10, 20});
+  }
+  delegate->onLine = nullptr;
+  EXPECT_TRUE(gone);
+  drainPool();
+  EXPECT_EQ(scrollViewDeaths, 1);
+}
+
 TEST_F(ScrollViewLifetime, TheDelegateMayGoInItsOwnCall) {
   HXScrollView *scroll = makeMortal();
   for (const char *line : {"will v 2", "scroll", "did v 2"}) {

@@ -54,8 +54,9 @@ class ScrollViewRandomOperations : public ScrollViewTest {
                                                   [scroll contentView]);
   }
 
-  void setDocument(CGFloat width, CGFloat height) {
-    [scroll setDocumentView:[[[OvTestDocument alloc] initWithFrame:NSMakeRect(0, 0, width, height)]
+  void setDocument(CGFloat width, CGFloat height, bool flipped = true) {
+    const Class documentClass = flipped ? [OvTestDocument class] : [NSView class];
+    [scroll setDocumentView:[[[documentClass alloc] initWithFrame:NSMakeRect(0, 0, width, height)]
                                 autorelease]];
   }
 
@@ -158,7 +159,7 @@ class ScrollViewRandomOperations : public ScrollViewTest {
         if (random.oneIn(4)) {
           [scroll setDocumentView:nil];
         } else {
-          setDocument(random.integer(1, 900), random.integer(1, 900));
+          setDocument(random.integer(1, 900), random.integer(1, 900), random.oneIn(2));
         }
         break;
       case 7: {
@@ -264,7 +265,7 @@ TEST_F(ScrollViewRandomOperations, KeepTheirScrollers) {
   Random random;
   SCOPED_TRACE(random.describe());
   begin();
-  for (int i = 0; i < 2000 && !HasFailure(); ++i) {
+  for (int i = 0; i < 10000 && !HasFailure(); ++i) {
     operation = "nothing";
     @autoreleasepool {
       doOne(random);

@@ -177,6 +177,13 @@ TEST_F(ScrollViewScrollers, OneThatComesCallsForTheOther) {
   EXPECT_TRUE([scroll hasVerticalScroller]);
   EXPECT_FALSE([scroll hasHorizontalScroller]);
   EXPECT_EQ(layoutFault(scroll), "");
+  // Nor does it matter which way up a document is.
+  [scroll setDocumentView:[[[NSView alloc] initWithFrame:NSMakeRect(0, 0, 191, 151)] autorelease]];
+  EXPECT_TRUE([scroll hasVerticalScroller]);
+  EXPECT_TRUE([scroll hasHorizontalScroller]);
+  [[scroll documentView] setFrameSize:NSMakeSize(205, 145)];
+  EXPECT_FALSE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
 }
 
 TEST_F(ScrollViewScrollers, AScaledDocumentHidesThemByItsOwnMeasure) {
@@ -191,6 +198,9 @@ TEST_F(ScrollViewScrollers, AScaledDocumentHidesThemByItsOwnMeasure) {
   EXPECT_FALSE([scroll hasHorizontalScroller]) << "90.5 lie beside the vertical one";
   [[scroll documentView] setFrameSize:NSMakeSize(91, 140)];
   EXPECT_TRUE([scroll hasHorizontalScroller]);
+  [[scroll documentView] setFrameSize:NSMakeSize(105, 60)];
+  EXPECT_FALSE([scroll hasVerticalScroller]);
+  EXPECT_TRUE([scroll hasHorizontalScroller]) << "there are 100";
   [[scroll documentView] setFrameSize:NSMakeSize(100, 75)];
   EXPECT_FALSE([scroll hasVerticalScroller]);
   EXPECT_FALSE([scroll hasHorizontalScroller]);
