@@ -33,7 +33,6 @@ static NSScrollerPart OvPageInsteadOfLine(NSScrollerPart part) {
 }
 
 - (void)ov_repeatActionForEvent:(NSEvent *)event delay:(float)delay period:(float)period {
-  if (event == nil) return;
   const NSScrollerPart part = _hitPart;
   const BOOL isArrow = part == NSScrollerDecrementLine || part == NSScrollerIncrementLine;
   const BOOL pages = ([event modifierFlags] & NSAlternateKeyMask) != 0;
@@ -67,7 +66,6 @@ static NSScrollerPart OvPageInsteadOfLine(NSScrollerPart part) {
     }
   } @finally {
     [NSEvent stopPeriodicEvents];
-    if (isArrow) [self highlight:YES];
   }
 }
 

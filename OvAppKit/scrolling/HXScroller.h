@@ -33,8 +33,9 @@
 //   3   [                              |<|>]     [ is EndCap_MinEnd
 //   4   [<|>|                          |<|>]
 //
-// A press hits what the images show. In a scroller too short for arrows and knob the knob is
-// left out, and in one too short for the arrows they are, too: the slot is all it shows then.
+// A press hits what the images show, across the whole thickness. In a scroller too short for
+// arrows and knob the knob is left out, and in one too short for the arrows they are, too: the
+// slot is all it shows then.
 
 #import <AppKit/AppKit.h>
 #import <OvFoundation/OvDefines.h>
@@ -107,22 +108,6 @@ OV_EXPORT NSString *const HXScrollerPartName_KnobSlot;
 /** NO with images, which may be transparent in places. */
 - (BOOL)isOpaque;
 
-// MARK: Drawing
-
-/** Draws an arrow (NSScrollerIncrementArrow, 0, or NSScrollerDecrementArrow, 1), with the piece
-    of the other arrow that stands at the same end. highlightPart tells which of the two shows as
-    pressed: 0 the increment arrow, 1 the decrement arrow, anything else none. Where both arrows
-    stand at one end, the call for one draws both, and the call for the other draws the cap of
-    the empty end. */
-- (void)drawArrow:(NSScrollerArrow)arrow highlightPart:(NSInteger)highlightPart;
-
-/** Draws the knob in the rectangle of NSScrollerKnob: the body, which reaches one point under
-    either cap so that no seam shows, then the caps. Pressed while it is dragged. */
-- (void)drawKnob;
-
-/** Draws the slot in a rectangle, as thick as its image. With images the flag is ignored. */
-- (void)drawKnobSlotInRect:(NSRect)slotRect highlight:(BOOL)flag;
-
 // MARK: Tracking
 
 /** Each of these tells the delegate scroller:willTrackPart:, follows the mouse until the button is
@@ -137,19 +122,21 @@ OV_EXPORT NSString *const HXScrollerPartName_KnobSlot;
 - (void)trackPagingArea:(NSEvent *)event;
 
 /** The part at a point of the window. Between arrows and knob it is NSScrollerDecrementPage or
-    NSScrollerIncrementPage, in every appearance; the platform's scroller knows a slot only. */
+    NSScrollerIncrementPage, in every appearance, where the platform's scroller knows a slot only. A
+    scroller too short for a knob has no pages: with images there is no part, in the default
+    appearance the platform's slot. */
 - (NSScrollerPart)testPart:(NSPoint)point;
 
 /** The place of a part: the platform's, or with images the place of what they show; the empty
-    rectangle for what there is no room for. The pages are what the slot has before and after the
-    knob. An arrow that stands at both ends has the place at its own: the decrement arrow at the
-    minimum, the increment arrow at the maximum. */
+    rectangle for what there is no room for. With images the pages lie between arrows and knob, the
+    end caps of the slot among them, and an arrow that stands at both ends has the place at its own:
+    the decrement arrow at the minimum, the increment arrow at the maximum. */
 - (NSRect)rectForPart:(NSScrollerPart)part;
 
 // MARK: Images
 
-/** YES for HXScroller itself, NO for every subclass: a scroller that lies over the content is
-    drawn by the platform, and a subclass that draws would not be asked. */
+/** Whether the scroller may lie over the content: YES for HXScroller itself, NO for every subclass,
+    which may draw what does not fit there. The platform does not ask. */
 + (BOOL)isCompatibleWithOverlayScrollers;
 
 /** The key of an image in its container: HXImageControlDisabledImageKey if not enabled; otherwise
@@ -165,6 +152,25 @@ OV_EXPORT NSString *const HXScrollerPartName_KnobSlot;
 /** New containers, an HXDictionaryImageContainer for each of the twelve part names, with the images
     of the receiver's own bundle; nil for an appearance without images. */
 + (NSDictionary *)_imageContainersForAppearance:(int)appearance isHoriz:(BOOL)horizontal;
+
+@end
+
+/** The steps of drawing. */
+@interface HXScroller (HXScrollerDrawing)
+
+/** Draws an arrow (NSScrollerIncrementArrow, 0, or NSScrollerDecrementArrow, 1), with the piece
+    of the other arrow that stands at the same end. highlightPart tells which of the two shows as
+    pressed: 0 the increment arrow, 1 the decrement arrow, anything else none. Where both arrows
+    stand at one end, the call for one draws both, and the call for the other draws the cap of
+    the empty end. */
+- (void)drawArrow:(NSScrollerArrow)arrow highlightPart:(NSInteger)highlightPart;
+
+/** Draws the knob in the rectangle of NSScrollerKnob: the body, which reaches one point under
+    either cap so that no seam shows, then the caps. Pressed while it is dragged. */
+- (void)drawKnob;
+
+/** Draws the slot in a rectangle, as thick as its image. With images the flag is ignored. */
+- (void)drawKnobSlotInRect:(NSRect)slotRect highlight:(BOOL)flag;
 
 @end
 

@@ -165,6 +165,15 @@ TEST_F(ScrollerDrawing, AKnobInThreePieces) {
                           "KnobCap_MaxEnd default 85 4 5 12"));
 }
 
+TEST_F(ScrollerDrawing, PiecesAreToldWhetherTheScrollerIsFlipped) {
+  OvTestScroller *scroller = themed(false);
+  scroller->unflipped = true;
+  [scroller drawRect:[scroller bounds]];
+  const Lines lines = takeJournal();
+  EXPECT_EQ(lines.size(), 6u);
+  for (const std::string &line : lines) EXPECT_THAT(line, testing::EndsWith(" unflipped"));
+}
+
 TEST_F(ScrollerDrawing, TheKnobIsPushedWhileItIsHit) {
   OvTestScroller *scroller = themed(false);
   for (const int part : {0, 1, 2, 3, 4, 5, 6}) {

@@ -115,16 +115,11 @@ TEST_F(ScrollerMarks, FollowTheWindowTheyAreIn) {
 }
 
 TEST_F(ScrollerMarks, AScrollerThatDiedHearsNothing) {
-  @autoreleasepool {
-    OvTestScroller *other = make(true);
-    [other removeFromSuperview];
-    HXScroller *loose = [[HXScroller alloc] initWithFrame:NSMakeRect(0, 0, 18, 99)];
-    [loose setAppearance:HXScrollerAppearanceMetal];
-    [[window contentView] addSubview:loose];
-    [loose release];
-    [loose removeFromSuperview];
-  }
-  drainPool();
+  HXScroller *other = [[HXScroller alloc] initWithFrame:NSMakeRect(0, 0, 18, 99)];
+  [other setAppearance:HXScrollerAppearanceMetal];
+  // As if the window went without telling.
+  [other viewWillMoveToWindow:window];
+  [other release];
   for (NSString *name in @[ NSWindowDidResignKeyNotification, NSWindowDidBecomeKeyNotification ]) {
     [[NSNotificationCenter defaultCenter] postNotificationName:name object:window];
   }

@@ -203,6 +203,25 @@ TEST_P(ScrollerTracking, WithOptionAnArrowTurnsPages) {
   EXPECT_THAT(only({"will", "action", "did"}), ElementsAre("will 4", "action 1", "did 4"));
 }
 
+TEST_P(ScrollerTracking, WithOptionThePressedArrowShowsSo) {
+  bool shown = false;
+  ASSERT_TRUE(runWithSteps(
+      {
+          [&] {
+            EXPECT_EQ([scroller hitPart], static_cast<NSScrollerPart>(NSScrollerIncrementLine));
+            journal().clear();
+            [window display];
+            for (const std::string &line : journal()) {
+              shown |= line.starts_with("IncrementArrow_MaxEnd_EndCap alternate");
+            }
+          },
+          [&] { postUp(120); },
+      },
+      [&] { press(scroller, at(120), NSAlternateKeyMask); }));
+  EXPECT_TRUE(shown);
+  discardPending();
+}
+
 TEST_P(ScrollerTracking, TheKnobFollowsThePointer) {
   // The platform's loop acts on the last of the moves that wait: one at a time.
   scrolled->onAction = [&](HXScroller *) {
@@ -330,7 +349,17 @@ TEST_P(ScrollerTracking, TheDefaultAppearanceTellsTheSame) {
   journal().clear();
   // The platform's button takes what is posted before its own loop only while that runs.
   const CGFloat arrow = middle(NSScrollerIncrementLine);
-  ASSERT_TRUE(pressAt(arrow, {[&] {}, [&] { postUp(arrow); }}));
+  const NSRect button = [scroller rectForPart:NSScrollerIncrementLine];
+  const auto shown = [&] {
+    [scroller lockFocus];
+    NSBitmapImageRep *rep = [[[NSBitmapImageRep alloc] initWithFocusedViewRect:button] autorelease];
+    [scroller unlockFocus];
+    return Picture(rep).at(1, 1);
+  };
+  const Pixel released = shown();
+  Pixel pressed = released;
+  ASSERT_TRUE(pressAt(arrow, {[&] {}, [&] { pressed = shown(); }, [&] { postUp(arrow); }}));
+  EXPECT_NE(pressed, released) << "the platform's own button";
   EXPECT_EQ(journal().front(), "will 5");
   EXPECT_EQ(journal().back(), "did 5");
   journal().clear();
