@@ -216,15 +216,18 @@ TEST_P(ScrollViewArchive, EverythingIsSetUpOnce) {
 
 TEST_P(ScrollViewArchive, DamagedOnesAreSurvived) {
   HXScrollView *written = makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
-  // Without a content view, which the platform may refuse.
   [[written contentView] removeFromSuperview];
+  bool refused = false;
   @try {
     HXScrollView *scroll = roundTrip(written, GetParam());
     EXPECT_EQ([scroll contentView], nil);
     EXPECT_FALSE([scroll isVerticalScrollerTraking]);
+    EXPECT_EQ([[scroll verticalScroller] class], [HXScroller class]);
   } @catch (NSException *exception) {
     EXPECT_EQ(std::string([[exception name] UTF8String]), "NSInvalidArgumentException");
+    refused = true;
   }
+  EXPECT_EQ(refused, GetParam() == Coding::keyed) << "by the platform";
 }
 
 // MARK: Interface files
