@@ -4,8 +4,9 @@
 //   HXScrollView *scroll = [[HXScrollView alloc] initWithFrame:frame];
 //   [scroll setHasVerticalScroller:YES];
 //   [scroll setDocumentView:document];
-//   [scroll setDelegate:self];                      // scrollViewDidScrollContent:
-//   [[scroll verticalScroller] setDelegate:scroll]; // and scroller:inScrollView:willTrackPart:
+//   [scroll setDelegate:self];        // scrollViewDidScrollContent:
+//   HXScroller *scroller = (HXScroller *)[scroll verticalScroller];
+//   [scroller setDelegate:scroll];    // scroller:inScrollView:willTrackPart: and ...didTrackPart:
 //
 // A drag of the knob, or a press on an arrow or beside the knob, is told like this:
 //
@@ -89,7 +90,8 @@
 - (void)_observeContentBounds;
 
 /** Make the scroller the scroll view's. It shows at once if the scroll view has scrollers of that
-    direction. The scroller before it forgets the scroll view, if that was its delegate or target. */
+    direction. The scroller before it forgets the scroll view, if that was its delegate or target.
+ */
 - (void)setHorizontalScroller:(NSScroller *)scroller;
 - (void)setVerticalScroller:(NSScroller *)scroller;
 

@@ -2,6 +2,8 @@
 
 #import <OvAppKit/HXScroller.h>
 
+#include "scrolling/NeededScrollers.h"
+#include "support/GeometryBridge.h"
 #include "support/Retained.h"
 
 namespace {
@@ -83,7 +85,6 @@ ov::Retained<HXScroller *> makeReplacement(NSScroller *old, HXScrollView *view) 
   if (scroller == nil || [self contentView] == nil) return;
   [self addSubview:scroller];
   [self tile];
-  [self reflectScrolledClipView:[self contentView]];
 }
 
 - (void)setHorizontalScroller:(NSScroller *)scroller {
@@ -120,6 +121,46 @@ ov::Retained<HXScroller *> makeReplacement(NSScroller *old, HXScrollView *view) 
   [super setHasVerticalScroller:flag];
 }
 
+// Where scrollers hide by themselves, the platform decides on each of them by the room that there
+// was before the other one came or went, and again from the beginning after that: a document that
+// fits without scrollers, but not beside them, sends it round and round. So the platform is told
+// that they do not hide, while it is decided here.
+- (void)reflectScrolledClipView:(NSClipView *)clipView {
+  if (clipView == nil || clipView != [self contentView] || ![self autohidesScrollers]) {
+    [super reflectScrolledClipView:clipView];
+    return;
+  }
+  [super setAutohidesScrollers:NO];
+  @try {
+    [self _ovShowNeededScrollers];
+    [super reflectScrolledClipView:clipView];
+  } @finally {
+    [super setAutohidesScrollers:YES];
+  }
+}
+
+- (void)_ovShowNeededScrollers {
+  NSClipView *content = [self contentView];
+  const auto sizeWith = [&](BOOL scrollers) {
+    return [[self class] contentSizeForFrameSize:[self frame].size
+                           hasHorizontalScroller:scrollers
+                             hasVerticalScroller:scrollers
+                                      borderType:[self borderType]];
+  };
+  const NSSize without = sizeWith(NO);
+  const NSSize with = sizeWith(YES);
+  const NSSize taken =
+      [content convertSize:NSMakeSize(without.width - with.width, without.height - with.height)
+                  fromView:self];
+  NSSize room = [content bounds].size;
+  if ([self hasVerticalScroller]) room.width += taken.width;
+  if ([self hasHorizontalScroller]) room.height += taken.height;
+  const ov::NeededScrollers needed = ov::neededScrollers(
+      ov::fromNS([[content documentView] frame].size), ov::fromNS(room), ov::fromNS(taken));
+  [self setHasVerticalScroller:needed.vertical];
+  [self setHasHorizontalScroller:needed.horizontal];
+}
+
 // MARK: Scrolling by hand
 
 - (BOOL)isHorizontalScrollerTraking {
@@ -150,7 +191,8 @@ ov::Retained<HXScroller *> makeReplacement(NSScroller *old, HXScrollView *view) 
   [super willRemoveSubview:view];
 }
 
-// The delegate may let go of the scroll view, while scroller and content view are at work for it.
+// The delegate may let go of the scroll view, while scroller and content view are at work for it
+// until the event is over.
 - (void)contentBoundsDidChange:(NSNotification *)notification {
   (void)notification;
   if (![delegate respondsToSelector:@selector(scrollViewDidScrollContent:)]) return;
@@ -167,7 +209,6 @@ ov::Retained<HXScroller *> makeReplacement(NSScroller *old, HXScrollView *view) 
 }
 
 - (void)scroller:(HXScroller *)scroller didTrackPart:(NSScrollerPart)part {
-  [[self retain] autorelease];
   if ([delegate respondsToSelector:@selector(scroller:inScrollView:didTrackPart:)]) {
     [delegate scroller:scroller inScrollView:self didTrackPart:part];
   }

@@ -126,6 +126,22 @@ static NSString *OvAppearanceName(int appearance) {
   return _appearance == HXScrollerAppearanceDefault ? [super isOpaque] : NO;
 }
 
+// The platform forgets the part that is being tracked, and nothing scrolls any more until the mouse
+// is released. A scroll view lays its scrollers out while the knob is dragged if the document
+// grows.
+
+- (void)setFrame:(NSRect)frame {
+  const NSScrollerPart tracked = _hitPart;
+  [super setFrame:frame];
+  _hitPart = tracked;
+}
+
+- (void)setFrameSize:(NSSize)size {
+  const NSScrollerPart tracked = _hitPart;
+  [super setFrameSize:size];
+  _hitPart = tracked;
+}
+
 #pragma mark Images
 
 + (BOOL)isCompatibleWithOverlayScrollers {

@@ -23,7 +23,7 @@ class ScrollViewDelegate : public ScrollViewTest {
 
 TEST_F(ScrollViewDelegate, ADragOfTheKnobIsToldFromBeginningToEnd) {
   HXScrollView *scroll = makeRelayingScroll();
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20, 30}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20, 30 }));
   EXPECT_THAT(lines(), ElementsAre("will v 2", "scroll...", "did v 2"));
   EXPECT_GE([delegate scrolls], 2);
   EXPECT_EQ(delegate->lastScroller, [scroll verticalScroller]);
@@ -32,7 +32,7 @@ TEST_F(ScrollViewDelegate, ADragOfTheKnobIsToldFromBeginningToEnd) {
 
 TEST_F(ScrollViewDelegate, HorizontallyToo) {
   HXScrollView *scroll = makeRelayingScroll();
-  EXPECT_TRUE(dragKnob([scroll horizontalScroller], {10, 20, 30}));
+  EXPECT_TRUE(dragKnob([scroll horizontalScroller], { 10, 20, 30 }));
   EXPECT_THAT(lines(), ElementsAre("will h 2", "scroll...", "did h 2"));
   EXPECT_EQ(delegate->lastScroller, [scroll horizontalScroller]);
 }
@@ -40,15 +40,15 @@ TEST_F(ScrollViewDelegate, HorizontallyToo) {
 TEST_F(ScrollViewDelegate, OneLineForEachChangeOfTheBounds) {
   HXScrollView *scroll = makeRelayingScroll();
   NotificationCount changes(NSViewBoundsDidChangeNotification, [scroll contentView]);
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20, 30, 20}));
-  EXPECT_TRUE(dragKnob([scroll horizontalScroller], {10}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20, 30, 20 }));
+  EXPECT_TRUE(dragKnob([scroll horizontalScroller], { 10 }));
   EXPECT_GT(changes.count(), 2);
   EXPECT_EQ([delegate scrolls], changes.count());
 }
 
 TEST_F(ScrollViewDelegate, AKnobThatDoesNotMoveScrollsNothing) {
   HXScrollView *scroll = makeRelayingScroll();
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {-10, -20}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { -10, -20 }));
   EXPECT_THAT(lines(), ElementsAre("will v 2", "did v 2"));
 }
 
@@ -87,13 +87,13 @@ TEST_F(ScrollViewDelegate, WhileAScrollerIsTrackedItSaysSo) {
                       ([scroll isHorizontalScrollerTraking] ? " h" : ""));
   };
   EXPECT_FALSE([scroll isVerticalScrollerTraking]);
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {30}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 30 }));
   EXPECT_FALSE([scroll isVerticalScrollerTraking]);
-  EXPECT_TRUE(dragKnob([scroll horizontalScroller], {30}));
+  EXPECT_TRUE(dragKnob([scroll horizontalScroller], { 30 }));
   EXPECT_FALSE([scroll isHorizontalScrollerTraking]);
   delegate->onLine = nullptr;
-  EXPECT_THAT(tracked,
-              ElementsAre("will v 2 v", "scroll v", "did v 2 v", "will h 2 h", "scroll h", "did h 2 h"));
+  EXPECT_THAT(tracked, ElementsAre("will v 2 v", "scroll v", "did v 2 v", "will h 2 h", "scroll h",
+                                   "did h 2 h"));
 }
 
 TEST_F(ScrollViewDelegate, ADisabledScrollerIsNotTracked) {
@@ -110,8 +110,8 @@ TEST_F(ScrollViewDelegate, ADisabledScrollerIsNotTracked) {
 
 TEST_F(ScrollViewDelegate, ScrollersItMadeTellOfTheContentOnly) {
   HXScrollView *scroll = makeScroll();
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20}));
-  EXPECT_TRUE(dragKnob([scroll horizontalScroller], {10, 20}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20 }));
+  EXPECT_TRUE(dragKnob([scroll horizontalScroller], { 10, 20 }));
   EXPECT_TRUE(pressPart([scroll verticalScroller], NSScrollerIncrementLine));
   EXPECT_THAT(lines(), ElementsAre("scroll..."));
 }
@@ -119,42 +119,41 @@ TEST_F(ScrollViewDelegate, ScrollersItMadeTellOfTheContentOnly) {
 TEST_F(ScrollViewDelegate, OneLineHasThemTellOfTheirTracking) {
   HXScrollView *scroll = makeScroll();
   [(HXScroller *)[scroll verticalScroller] setDelegate:scroll];
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20 }));
   EXPECT_THAT(lines(), ElementsAre("will v 2", "scroll...", "did v 2"));
 }
 
 TEST_F(ScrollViewDelegate, AScrollerOfThePlatformTellsOfTheContentOnly) {
   HXScrollView *scroll = makeScroll();
   [scroll setVerticalScroller:[[NSScroller new] autorelease]];
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20 }));
   EXPECT_THAT(lines(), ElementsAre("scroll..."));
 }
 
 TEST_F(ScrollViewDelegate, AScrollerInstalledLaterTellsOfTheContentOnly) {
   HXScrollView *scroll = makeRelayingScroll();
   [scroll setVerticalScroller:[[HXScroller new] autorelease]];
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20 }));
   EXPECT_THAT(lines(), ElementsAre("scroll..."));
   delegate->lines.clear();
-  EXPECT_TRUE(dragKnob([scroll horizontalScroller], {10}));
+  EXPECT_TRUE(dragKnob([scroll horizontalScroller], { 10 }));
   EXPECT_THAT(lines(), ElementsAre("will h 2", "scroll", "did h 2"));
 }
 
 TEST_F(ScrollViewDelegate, AContentViewInstalledLaterIsNotObserved) {
   HXScrollView *scroll = makeRelayingScroll();
   const auto first = [[[scroll contentView] retain] autorelease];
-  NSClipView *other =
-      [[[NSClipView alloc] initWithFrame:[[scroll contentView] frame]] autorelease];
+  NSClipView *other = [[[NSClipView alloc] initWithFrame:[[scroll contentView] frame]] autorelease];
   [other setDocumentView:[[[OvTestDocument alloc] initWithFrame:NSMakeRect(0, 0, 600, 500)]
                              autorelease]];
   [scroll setContentView:other];
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20 }));
   EXPECT_GT(scrolledDown(scroll), 0);
   EXPECT_THAT(lines(), ElementsAre("will v 2", "did v 2"));
   // Not even one that was there before.
   delegate->lines.clear();
   [scroll setContentView:first];
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20 }));
   EXPECT_GT(scrolledDown(scroll), 0);
   EXPECT_THAT(lines(), ElementsAre("will v 2", "did v 2"));
 }
@@ -162,7 +161,7 @@ TEST_F(ScrollViewDelegate, AContentViewInstalledLaterIsNotObserved) {
 TEST_F(ScrollViewDelegate, TheSameContentViewAgainIsStillObserved) {
   HXScrollView *scroll = makeRelayingScroll();
   [scroll setContentView:[scroll contentView]];
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10 }));
   EXPECT_THAT(lines(), ElementsAre("will v 2", "scroll", "did v 2"));
 }
 
@@ -172,16 +171,16 @@ TEST_F(ScrollViewDelegate, AnotherDocumentIsContentAsWell) {
   [scroll setDocumentView:[[[NSView alloc] initWithFrame:NSMakeRect(0, 0, 900, 900)] autorelease]];
   // This one is not flipped, and shows its end.
   [[scroll documentView] scrollPoint:NSMakePoint(0, 900)];
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {20, 40}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 20, 40 }));
   EXPECT_THAT(lines(), ElementsAre("will v 2", "scroll...", "did v 2"));
 }
 
 TEST_F(ScrollViewDelegate, TwoScrollViewsTellWhichOfThemItIs) {
   HXScrollView *one = makeRelayingScroll();
   HXScrollView *other = makeRelayingScroll();
-  EXPECT_TRUE(dragKnob([one verticalScroller], {10}));
+  EXPECT_TRUE(dragKnob([one verticalScroller], { 10 }));
   EXPECT_EQ(delegate->lastView, one);
-  EXPECT_TRUE(dragKnob([other verticalScroller], {10}));
+  EXPECT_TRUE(dragKnob([other verticalScroller], { 10 }));
   EXPECT_EQ(delegate->lastView, other);
 }
 
@@ -195,11 +194,11 @@ TEST_F(ScrollViewDelegate, AScrollViewInAnotherTellsForItselfOnly) {
   OvTestScrollDelegate *innerDelegate = [[OvTestScrollDelegate new] autorelease];
   [inner setDelegate:innerDelegate];
   [[outer documentView] addSubview:inner];
-  EXPECT_TRUE(dragKnob([inner verticalScroller], {10}));
+  EXPECT_TRUE(dragKnob([inner verticalScroller], { 10 }));
   EXPECT_GT([innerDelegate scrolls], 0);
   EXPECT_THAT(lines(), IsEmpty());
   innerDelegate->lines.clear();
-  EXPECT_TRUE(dragKnob([outer verticalScroller], {10}));
+  EXPECT_TRUE(dragKnob([outer verticalScroller], { 10 }));
   EXPECT_GT([delegate scrolls], 0);
   EXPECT_THAT(innerDelegate->lines, IsEmpty());
 }
@@ -288,19 +287,19 @@ TEST_F(ScrollViewDelegate, SettingUpTellsNothing) {
 TEST_F(ScrollViewDelegate, EachMethodIsOptional) {
   HXScrollView *scroll = makeRelayingScroll();
   delegate->lacks = {kWill};
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10 }));
   EXPECT_THAT(lines(), ElementsAre("scroll", "did v 2"));
   delegate->lines.clear();
   delegate->lacks = {kDid};
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10 }));
   EXPECT_THAT(lines(), ElementsAre("will v 2", "scroll"));
   delegate->lines.clear();
   delegate->lacks = {kScroll};
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10 }));
   EXPECT_THAT(lines(), ElementsAre("will v 2", "did v 2"));
   delegate->lines.clear();
   delegate->lacks = {kWill, kDid, kScroll};
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10 }));
   EXPECT_THAT(lines(), IsEmpty());
 }
 
@@ -311,7 +310,7 @@ TEST_F(ScrollViewDelegate, ItIsAskedAtEachCall) {
     if (line == "will v 2") delegate->lacks = {kDid};
     if (line == "scroll") delegate->lacks = {kScroll};
   };
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20, 30}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20, 30 }));
   delegate->onLine = nullptr;
   EXPECT_THAT(delegate->lines, ElementsAre("will v 2", "scroll", "did v 2"));
 }
@@ -320,7 +319,7 @@ TEST_F(ScrollViewDelegate, WithoutDelegateItScrollsAllTheSame) {
   HXScrollView *scroll = makeRelayingScroll();
   [scroll setDelegate:nil];
   EXPECT_EQ([scroll delegate], nil);
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {30}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 30 }));
   EXPECT_GT(scrolledDown(scroll), 50);
 }
 
@@ -337,7 +336,7 @@ TEST_F(ScrollViewDelegate, ItMayChangeWhileAScrollerIsTracked) {
   HXScrollView *scroll = makeRelayingScroll();
   OvTestScrollDelegate *other = [[OvTestScrollDelegate new] autorelease];
   delegate->onLine = [&](const std::string &) { [scroll setDelegate:other]; };
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10 }));
   delegate->onLine = nullptr;
   EXPECT_THAT(delegate->lines, ElementsAre("will v 2"));
   EXPECT_THAT(other->lines, ElementsAre("scroll", "did v 2"));
@@ -351,7 +350,7 @@ TEST_F(ScrollViewDelegate, WhatItScrollsIsToldAgain) {
     done = true;
     [[scroll documentView] scrollPoint:NSMakePoint(77, scrolledDown(scroll))];
   };
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10 }));
   delegate->onLine = nullptr;
   EXPECT_EQ([delegate scrolls], 2);
   EXPECT_EQ(scrolledRight(scroll), 77);
@@ -370,7 +369,7 @@ TEST_F(ScrollViewDelegate, TheDocumentMayGrowWhileTheKnobIsDragged) {
     [[scroll documentView] setFrameSize:NSMakeSize(600, 900)];
     before = [delegate scrolls];
   };
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20, 30, 40}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20, 30, 40 }));
   delegate->onLine = nullptr;
   ASSERT_TRUE([scroll hasHorizontalScroller]);
   EXPECT_EQ(layoutFault(scroll), "");

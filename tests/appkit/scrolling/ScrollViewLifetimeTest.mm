@@ -87,16 +87,15 @@ TEST_F(ScrollViewLifetime, NoOtherNotificationComesAfterwards) {
 class ScrollViewLettingGo : public ScrollViewLifetime,
                             public testing::WithParamInterface<std::pair<const char *, bool>> {};
 
-INSTANTIATE_TEST_SUITE_P(
-    Calls, ScrollViewLettingGo,
-    testing::Values(std::pair{"will v 2", true}, std::pair{"scroll", true},
-                    std::pair{"did v 2", true}, std::pair{"will v 5", false},
-                    std::pair{"did v 5", false}),
-    [](const auto &info) {
-      std::string name = info.param.first;
-      std::erase(name, ' ');
-      return name;
-    });
+INSTANTIATE_TEST_SUITE_P(Calls, ScrollViewLettingGo,
+                         testing::Values(std::pair{"will v 2", true}, std::pair{"scroll", true},
+                                         std::pair{"did v 2", true}, std::pair{"will v 5", false},
+                                         std::pair{"did v 5", false}),
+                         [](const auto &info) {
+                           std::string name = info.param.first;
+                           std::erase(name, ' ');
+                           return name;
+                         });
 
 // The delegate closes what it was told of.
 TEST_P(ScrollViewLettingGo, TheScrollViewLivesUntilTheEventIsOver) {
@@ -125,6 +124,28 @@ TEST_P(ScrollViewLettingGo, TheScrollViewLivesUntilTheEventIsOver) {
   EXPECT_EQ(scrollViewDeaths, 1);
 }
 
+// Nobody is told before the content scrolls.
+TEST_F(ScrollViewLifetime, AScrollViewWhoseScrollersTellNothingLivesAsLong) {
+  HXScrollView *scroll = makeMortal();
+  NSScroller *scroller = [scroll verticalScroller];
+  [(HXScroller *)scroller setDelegate:nil];
+  bool gone = false;
+  delegate->onLine = [&](const std::string &) {
+    gone = true;
+    @autoreleasepool {
+      [scroll removeFromSuperview];
+    }
+    EXPECT_EQ(scrollViewDeaths, 0);
+  };
+  @autoreleasepool {
+    dragKnob(scroller, {10, 20});
+  }
+  delegate->onLine = nullptr;
+  EXPECT_TRUE(gone);
+  drainPool();
+  EXPECT_EQ(scrollViewDeaths, 1);
+}
+
 TEST_F(ScrollViewLifetime, TheDelegateMayGoInItsOwnCall) {
   HXScrollView *scroll = makeMortal();
   for (const char *line : {"will v 2", "scroll", "did v 2"}) {
@@ -139,9 +160,8 @@ TEST_F(ScrollViewLifetime, TheDelegateMayGoInItsOwnCall) {
       [scroll setDelegate:nil];
       [mortal autorelease];
     };
-    EXPECT_TRUE(dragKnob([scroll verticalScroller], {scrolledDown(scroll) > 0 ? -30.0 : 30.0}));
+    EXPECT_TRUE(dragKnob([scroll verticalScroller], { scrolledDown(scroll) > 0 ? -30.0 : 30.0 }));
     EXPECT_TRUE(gone);
-    mortal->onLine = nullptr;
   }
 }
 
@@ -150,7 +170,7 @@ TEST_F(ScrollViewLifetime, TheDocumentMayGoWhileTheKnobIsDragged) {
   delegate->onLine = [&](const std::string &line) {
     if (line == "scroll") [scroll setDocumentView:nil];
   };
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {10, 20, 30}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 10, 20, 30 }));
   delegate->onLine = nullptr;
   EXPECT_EQ([scroll documentView], nil);
   EXPECT_FALSE([[scroll verticalScroller] isEnabled]);

@@ -37,9 +37,9 @@ class ScrollViewScrollers : public ScrollViewTest {
     return [[[viewClass alloc] initWithFrame:NSMakeRect(0, 0, 200, 150)] autorelease];
   }
   void setDocument(NSScrollView *scroll, NSSize size) {
-    [scroll setDocumentView:[[[OvTestDocument alloc]
-                                initWithFrame:NSMakeRect(0, 0, size.width, size.height)]
-                                autorelease]];
+    [scroll
+        setDocumentView:[[[OvTestDocument alloc]
+                            initWithFrame:NSMakeRect(0, 0, size.width, size.height)] autorelease]];
   }
 };
 
@@ -145,13 +145,74 @@ TEST_F(ScrollViewScrollers, ThoseThatComeAndGoByThemselvesAreOurs) {
   EXPECT_EQ(layoutFault(scroll), "");
 }
 
+// The platform's own decision never ends here.
+TEST_F(ScrollViewScrollers, ADocumentThatFitsWithoutThemOnlyHasNone) {
+  HXScrollView *scroll = bare();
+  [scroll setAutohidesScrollers:YES];
+  setDocument(scroll, NSMakeSize(100, 400));
+  ASSERT_TRUE([scroll hasVerticalScroller]);
+  ASSERT_FALSE([scroll hasHorizontalScroller]);
+  [[scroll documentView] setFrameSize:NSMakeSize(190, 140)];
+  EXPECT_FALSE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+  setDocument(scroll, NSMakeSize(600, 500));
+  EXPECT_TRUE([scroll hasVerticalScroller]);
+  EXPECT_TRUE([scroll hasHorizontalScroller]);
+  [[scroll documentView] setFrameSize:NSMakeSize(200, 150)];
+  EXPECT_FALSE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+  EXPECT_TRUE([scroll autohidesScrollers]);
+  EXPECT_EQ(layoutFault(scroll), "");
+}
+
+TEST_F(ScrollViewScrollers, OneThatComesCallsForTheOther) {
+  HXScrollView *scroll = bare();
+  [scroll setAutohidesScrollers:YES];
+  setDocument(scroll, NSMakeSize(190, 151));
+  EXPECT_TRUE([scroll hasVerticalScroller]);
+  EXPECT_TRUE([scroll hasHorizontalScroller]);
+  EXPECT_TRUE([[scroll verticalScroller] isEnabled]);
+  EXPECT_TRUE([[scroll horizontalScroller] isEnabled]);
+  [scroll setFrameSize:NSMakeSize(209, 150)];
+  EXPECT_TRUE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+  EXPECT_EQ(layoutFault(scroll), "");
+  // Nor does it matter which way up a document is.
+  [scroll setDocumentView:[[[NSView alloc] initWithFrame:NSMakeRect(0, 0, 191, 151)] autorelease]];
+  EXPECT_TRUE([scroll hasVerticalScroller]);
+  EXPECT_TRUE([scroll hasHorizontalScroller]);
+  [[scroll documentView] setFrameSize:NSMakeSize(205, 145)];
+  EXPECT_FALSE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+}
+
+TEST_F(ScrollViewScrollers, AScaledDocumentHidesThemByItsOwnMeasure) {
+  HXScrollView *scroll = bare();
+  [scroll setAutohidesScrollers:YES];
+  setDocument(scroll, NSMakeSize(50, 140));
+  ASSERT_FALSE([scroll hasVerticalScroller]);
+  [[scroll contentView] scaleUnitSquareToSize:NSMakeSize(2, 2)];
+  ASSERT_TRUE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+  [[scroll documentView] setFrameSize:NSMakeSize(90.4, 140)];
+  EXPECT_FALSE([scroll hasHorizontalScroller]) << "90.5 lie beside the vertical one";
+  [[scroll documentView] setFrameSize:NSMakeSize(91, 140)];
+  EXPECT_TRUE([scroll hasHorizontalScroller]);
+  [[scroll documentView] setFrameSize:NSMakeSize(105, 60)];
+  EXPECT_FALSE([scroll hasVerticalScroller]);
+  EXPECT_TRUE([scroll hasHorizontalScroller]) << "there are 100";
+  [[scroll documentView] setFrameSize:NSMakeSize(100, 75)];
+  EXPECT_FALSE([scroll hasVerticalScroller]);
+  EXPECT_FALSE([scroll hasHorizontalScroller]);
+}
+
 TEST_F(ScrollViewScrollers, TheyScroll) {
   HXScrollView *scroll = makeScroll();
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {30}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 30 }));
   const CGFloat down = scrolledDown(scroll);
   EXPECT_GT(down, 50);
   EXPECT_EQ(scrolledRight(scroll), 0);
-  EXPECT_TRUE(dragKnob([scroll horizontalScroller], {30}));
+  EXPECT_TRUE(dragKnob([scroll horizontalScroller], { 30 }));
   EXPECT_GT(scrolledRight(scroll), 50);
   EXPECT_EQ(scrolledDown(scroll), down);
 }
@@ -284,14 +345,14 @@ TEST_F(ScrollViewScrollers, OddSizesAreSurvived) {
   EXPECT_EQ(layoutFault(tiny), "");
   [scroll setFrameSize:NSMakeSize(200, 150)];
   EXPECT_EQ(layoutFault(scroll), "");
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {20}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 20 }));
   EXPECT_GT(scrolledDown(scroll), 0);
 }
 
 TEST_F(ScrollViewScrollers, ScrollersInThemesWork) {
   HXScrollView *scroll = makeRelayingScroll();
-  for (int appearance : {+HXScrollerAppearanceMetal, +HXScrollerAppearanceBlack, 77,
-                         +HXScrollerAppearanceDefault}) {
+  for (int appearance :
+       {+HXScrollerAppearanceMetal, +HXScrollerAppearanceBlack, 77, +HXScrollerAppearanceDefault}) {
     [(HXScroller *)[scroll verticalScroller] setAppearance:appearance];
     [scroll display];
     EXPECT_EQ(layoutFault(scroll), "");
@@ -304,8 +365,7 @@ TEST_F(ScrollViewScrollers, HeadersStayAboveTheirColumns) {
   HXScrollView *scroll = bare();
   [scroll setHasVerticalScroller:YES];
   [scroll setHasHorizontalScroller:YES];
-  NSTableView *table =
-      [[[NSTableView alloc] initWithFrame:NSMakeRect(0, 0, 600, 500)] autorelease];
+  NSTableView *table = [[[NSTableView alloc] initWithFrame:NSMakeRect(0, 0, 600, 500)] autorelease];
   for (NSString *name in @[ @"a", @"b", @"c" ]) {
     NSTableColumn *column = [[[NSTableColumn alloc] initWithIdentifier:name] autorelease];
     [column setWidth:250];
@@ -313,7 +373,7 @@ TEST_F(ScrollViewScrollers, HeadersStayAboveTheirColumns) {
   }
   [scroll setDocumentView:table];
   host(scroll);
-  ASSERT_TRUE(dragKnob([scroll horizontalScroller], {40}));
+  ASSERT_TRUE(dragKnob([scroll horizontalScroller], { 40 }));
   const CGFloat right = scrolledRight(scroll);
   EXPECT_GT(right, 50);
   EXPECT_EQ([(NSView *)[[table headerView] superview] bounds].origin.x, right);
@@ -336,7 +396,7 @@ TEST_F(ScrollViewScrollers, RulersStay) {
   EXPECT_EQ([[scroll horizontalRulerView] superview], scroll);
   EXPECT_EQ([[scroll verticalRulerView] superview], scroll);
   EXPECT_EQ(layoutFault(scroll), "");
-  EXPECT_TRUE(dragKnob([scroll verticalScroller], {30}));
+  EXPECT_TRUE(dragKnob([scroll verticalScroller], { 30 }));
   EXPECT_GT([delegate scrolls], 0);
 }
 
