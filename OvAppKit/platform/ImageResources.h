@@ -12,10 +12,6 @@
 
 namespace ov {
 
-// Whether a file can have the name. For one that none can have, the platform logs each of the types
-// that it tries.
-bool isResourceName(NSString *name);
-
 // For a moment: what comes and goes in the bundle meanwhile may be missed.
 class ImageResources {
  public:

@@ -38,12 +38,13 @@ NSSet *namesOfFiles(NSBundle *bundle) {
   return names;
 }
 
-}  // namespace
-
+// The platform tells of each type that a name without a base has no file.
 bool isResourceName(NSString *name) {
   NSString *base = [[name lastPathComponent] stringByDeletingPathExtension];
   return [base length] > 0 && ![base isEqualToString:@"/"];
 }
+
+}  // namespace
 
 ImageResources::ImageResources(NSBundle *bundle, NSString *extension)
     : bundle_(bundle ?: [NSBundle mainBundle]), extension_(extension) {}
