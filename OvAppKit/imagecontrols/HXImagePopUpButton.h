@@ -28,8 +28,8 @@
 
     The container is not archived: a button from an archive, keyed or sequential, or from an
     interface file has none until it is set, in -awakeFromNib, say. With a cell of another class
-   than HXImagePopUpButtonCell in the archive the button takes no container; a xib that names no
-   class for the cell gets the right one. */
+    than HXImagePopUpButtonCell in the archive the button takes no container; a xib that names no
+    class for the cell gets the right one. */
 @interface HXImagePopUpButton : NSPopUpButton
 
 /** HXImagePopUpButtonCell. */
