@@ -17,6 +17,10 @@ bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVa
 
 }  // namespace
 
+@interface HXImageButtonCell ()
+- (NSRect)_titleRoomForBounds:(NSRect)bounds;
+@end
+
 @implementation HXImageButtonCell
 
 - (id)copyWithZone:(NSZone *)zone {
@@ -114,21 +118,34 @@ bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVa
   [view setNeedsDisplay:YES];
 }
 
+// The inherited title rectangle, within the border. For the platform a cell whose image has a place
+// is all image, and its title has the whole of it; AppKit asks whether there is an image, and the
+// cell has none of its own here.
+- (NSRect)_titleRoomForBounds:(NSRect)bounds {
+  const NSCellImagePosition position = [self imagePosition];
+  const bool isBeside = position >= NSImageLeft && position <= NSImageAbove;
+  const auto type = _cell.type;
+  if (isBeside && [self image] == nil) _cell.type = NSTextCellType;
+  const NSRect room = [super titleRectForBounds:bounds];
+  _cell.type = type;
+  return room;
+}
+
 - (NSRect)imageRectForBounds:(NSRect)bounds {
   if (![imageContainer_ containsImageForImagePart:HXImageControlImagePartIcon])
     return [super imageRectForBounds:bounds];
   NSSize icon = [imageContainer_ imageSizeForImagePart:HXImageControlImagePartIcon];
   return ov::toNS(ov::iconRect(static_cast<ov::IconPosition>([self imagePosition]),
-                               ov::fromNS(bounds), ov::fromNS([super titleRectForBounds:bounds]),
+                               ov::fromNS(bounds), ov::fromNS([self _titleRoomForBounds:bounds]),
                                ov::fromNS(icon), [self isHighlighted]));
 }
 
 - (NSRect)titleRectForBounds:(NSRect)bounds {
-  NSRect title = [super titleRectForBounds:bounds];
-  if (![imageContainer_ containsImageForImagePart:HXImageControlImagePartIcon]) return title;
   NSSize icon = [imageContainer_ imageSizeForImagePart:HXImageControlImagePartIcon];
+  if (!(icon.width > 0 && icon.height > 0)) return [super titleRectForBounds:bounds];
   return ov::toNS(ov::titleRectBesideIcon(static_cast<ov::IconPosition>([self imagePosition]),
-                                          ov::fromNS(title), ov::fromNS(icon)));
+                                          ov::fromNS([self _titleRoomForBounds:bounds]),
+                                          ov::fromNS(icon)));
 }
 
 - (NSRect)accessoryRectForBounds:(NSRect)bounds {

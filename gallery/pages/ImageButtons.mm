@@ -83,9 +83,9 @@ NSString *const kTexts[] = {@"", @"A title that is much wider than its button"};
   for (int i = 0; i < kLiveCount; ++i) {
     _live[i] = [self addButton:kTitles[i]];
   }
-  [_live[kToggle] setButtonType:NSToggleButton];
+  [_live[kToggle] setButtonType:NSPushOnPushOffButton];
   [_live[kToggle] setAlternateTitle:@"On"];
-  [_live[kOn] setButtonType:NSToggleButton];
+  [_live[kOn] setButtonType:NSPushOnPushOffButton];
   [_live[kOn] setState:NSOnState];
   [_live[kOn] setEnabled:NO];
   [_live[kMenu] setMenu:[self sampleMenu]];

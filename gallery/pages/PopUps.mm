@@ -17,13 +17,18 @@ static const CGFloat kPopUpWidth = 190;
 
 namespace {
 
-enum PopUp { kCenter, kBottom, kNoArrow, kPullDown, kOn, kBare };
-constexpr int kCount = 6;
+enum PopUp { kCenter, kBottom, kNoArrow, kPullDown, kOn, kDisabledOn, kBare };
+constexpr int kCount = 7;
 
-NSString *const kNames[kCount] = {@"center", @"bottom", @"noarrow", @"pulldown", @"on", @"bare"};
-NSString *const kHints[kCount] = {
-    @"The arrow at the centre", @"The arrow at the bottom",    @"No arrow",
-    @"A pull-down menu",        @"On, by a change of picture", @"Without pictures: the platform's"};
+NSString *const kNames[kCount] = {@"center", @"bottom",     @"noarrow", @"pulldown",
+                                  @"on",     @"disabledon", @"bare"};
+NSString *const kHints[kCount] = {@"The arrow at the centre",
+                                  @"The arrow at the bottom",
+                                  @"No arrow",
+                                  @"A pull-down menu",
+                                  @"On, by a change of picture",
+                                  @"On, and disabled",
+                                  @"Without pictures: the platform's"};
 NSString *const kTitles[] = {@"Apples", @"Oranges", @"Pears",
                              @"A fruit with a name that is too long"};
 
@@ -85,9 +90,12 @@ NSString *const kTitles[] = {@"Apples", @"Oranges", @"Pears",
   [noArrow setArrowPosition:NSPopUpNoArrow];
   NSPopUpButtonCell *bottom = [_popUps[kBottom] cell];
   [bottom setArrowPosition:NSPopUpArrowAtBottom];
-  NSPopUpButtonCell *on = [_popUps[kOn] cell];
-  [on setShowsStateBy:NSChangeGrayCellMask];
-  [on setState:NSOnState];
+  for (int i : {kOn, kDisabledOn}) {
+    NSPopUpButtonCell *on = [_popUps[i] cell];
+    [on setShowsStateBy:NSChangeGrayCellMask];
+    [on setState:NSOnState];
+  }
+  [_popUps[kDisabledOn] setEnabled:NO];
   _log = [self add:[[[EventLog alloc] initWithTitle:@"Choices"] autorelease]];
   [self dress];
   for (int i = 0; i + 1 < kCount; ++i) [_popUps[i] setNextKeyView:_popUps[i + 1]];
@@ -147,7 +155,9 @@ NSString *const kTitles[] = {@"Apples", @"Oranges", @"Pears",
   [settings addCheckBox:@"Enabled"
                      on:YES
                 changed:[self](BOOL on) {
-                  for (HXImagePopUpButton *popUp : _popUps) [popUp setEnabled:on];
+                  for (int i = 0; i < kCount; ++i) {
+                    if (i != kDisabledOn) [_popUps[i] setEnabled:on];
+                  }
                   [self changed];
                 }];
   [settings addSlider:@"Width"

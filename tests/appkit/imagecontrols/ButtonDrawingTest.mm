@@ -57,6 +57,25 @@ class ImageButtonDrawing : public ImageButtonTest {
 
 constexpr NSRect kBounds{{10, 20}, {101, 41}};
 
+// The rectangle of a title that has an icon beside, above or below it, before it gives way: within
+// the border, as without an icon.
+static NSRect titleRoom(NSButtonCell *twin) {
+  const NSCellImagePosition position = [twin imagePosition];
+  if (position >= NSImageLeft && position <= NSImageAbove) [twin setImagePosition:NSNoImage];
+  return [twin titleRectForBounds:kBounds];
+}
+
+TEST_F(ImageButtonDrawing, ABorderKeepsTheIconFromTheEdge) {
+  HXImageButtonCell *cell = makeCell(fullArtwork());
+  [cell setBordered:YES];
+  [cell setImagePosition:NSImageLeft];
+  EXPECT_GT(NSMinX([cell imageRectForBounds:kBounds]), NSMinX(kBounds));
+  [cell setImagePosition:NSImageRight];
+  EXPECT_LT(NSMaxX([cell imageRectForBounds:kBounds]), NSMaxX(kBounds));
+  [cell setBordered:NO];
+  EXPECT_EQ(NSMaxX([cell imageRectForBounds:kBounds]), NSMaxX(kBounds));
+}
+
 TEST_F(ImageButtonDrawing, TheIconLiesByTheImagePosition) {
   for (BOOL bordered : {NO, YES}) {
     for (BOOL pressed : {NO, YES}) {
@@ -68,7 +87,7 @@ TEST_F(ImageButtonDrawing, TheIconLiesByTheImagePosition) {
       CGFloat x = 54, y = 36;
       for (int position : kPositions) {
         [cell setImagePosition:static_cast<NSCellImagePosition>(position)];
-        NSRect title = [plainTwin(cell) titleRectForBounds:kBounds];
+        NSRect title = titleRoom(plainTwin(cell));
         NSRect expected = NSZeroRect;
         switch (position) {
           case NSImageOnly:
@@ -100,7 +119,7 @@ TEST_F(ImageButtonDrawing, TheTitleMakesRoomForTheIcon) {
     [cell setBordered:bordered];
     for (int position : kPositions) {
       [cell setImagePosition:static_cast<NSCellImagePosition>(position)];
-      NSRect expected = [plainTwin(cell) titleRectForBounds:kBounds];
+      NSRect expected = titleRoom(plainTwin(cell));
       if (position == NSImageLeft) expected.origin.x += 12;
       if (position == NSImageLeft || position == NSImageRight) expected.size.width -= 12;
       if (position == NSImageBelow) expected.origin.y += 8;
