@@ -46,16 +46,12 @@ static NSScrollerPart OvPageInsteadOfLine(NSScrollerPart part) {
       if ([event type] != NSPeriodic) pointer = [event locationInWindow];
       // An action may have taken the scroller away, or left it nothing to scroll.
       const BOOL isOnPart = _window != nil && _scFlags.isEnabled && [self testPart:pointer] == part;
-      if (isArrow && isOnPart != wasOnPart) {
-        [self highlight:isOnPart];
-        [self displayIfNeeded];
-      }
+      if (isArrow && isOnPart != wasOnPart) [self highlight:isOnPart];
       wasOnPart = isOnPart;
       if (isOnPart && (isDue || [event type] == NSPeriodic)) {
         _hitPart = told;
         [self sendAction:_action to:_target];
         _hitPart = part;
-        [_window displayIfNeeded];
       }
       isDue = NO;
       event =
