@@ -50,6 +50,7 @@ class Samples {
  private:
   int width_;
   int height_;
+  int stride_;
   std::vector<std::uint8_t> data_;
 };
 

@@ -107,33 +107,31 @@ Samples::Samples(OvTestFrameView *view, const Plane &plane, const std::function<
     [view unlockFocus];
     width_ = static_cast<int>([rep pixelsWide]);
     height_ = static_cast<int>([rep pixelsHigh]);
+    stride_ = static_cast<int>([rep bitsPerPixel] / 8);
     for (int y = 0; y < height_; ++y) {
       const unsigned char *row = [rep bitmapData] + y * [rep bytesPerRow];
-      for (int x = 0; x < width_; ++x) {
-        const unsigned char *pixel = row + x * ([rep bitsPerPixel] / 8);
-        data_.insert(data_.end(), pixel, pixel + 3);
-      }
+      data_.insert(data_.end(), row, row + width_ * stride_);
     }
   }
 }
 
 Pixel Samples::at(int x, int y) const {
-  const std::uint8_t *p = &data_[static_cast<size_t>(y * width_ + x) * 3];
+  const std::uint8_t *p = &data_[static_cast<size_t>((y * width_ + x) * stride_)];
   return {p[0], p[1], p[2], 255};
 }
 
 int Samples::distance(const Samples &other) const {
   if (data_.size() != other.data_.size()) return 1000;
-  std::vector<int> distances;
+  size_t counts[256] = {};
   for (size_t i = 0; i < data_.size(); ++i) {
-    distances.push_back(std::abs(data_[i] - other.data_[i]));
+    if (data_[i] != other.data_[i]) ++counts[std::abs(data_[i] - other.data_[i])];
   }
   // Where a pixel's middle meets the boundary of two of an image's, single precision does not tell
   // on which side it is, and some samples may be the neighbours'.
-  const size_t odd = sizeof(CGFloat) == sizeof(float) ? distances.size() / 100 : 0;
-  const auto at = distances.end() - 1 - static_cast<std::ptrdiff_t>(odd);
-  std::ranges::nth_element(distances, at);
-  return *at;
+  size_t odd = sizeof(CGFloat) == sizeof(float) ? data_.size() / 100 : 0;
+  int most = 255;
+  for (; most > 0 && counts[most] <= odd; --most) odd -= counts[most];
+  return most;
 }
 
 NSImage *makeImage(int width, int height, const std::function<Pixel(int, int)> &pixel) {

@@ -75,10 +75,9 @@ struct Placement {
 std::vector<Placement> placements() {
   std::vector<Placement> all;
   for (const double scale : {1.0, 1.5, 2.0}) {
-    for (const double place : {20.0, 20.25, 20.5, 20.75, 20.9, 21.0}) {
-      for (const double size : {60.0, 60.5, 61.0, 47.3}) {
-        all.push_back({scale, place, place + 1.3, size, size - 10.2});
-        all.push_back({scale, place, place, size, size});
+    for (const double place : {20.0, 20.25, 20.5, 20.9}) {
+      for (const double size : {30.0, 30.5, 27.3}) {
+        all.push_back({scale, place, place + 1.3, size, size - 5.2});
       }
     }
   }
@@ -88,12 +87,12 @@ std::vector<Placement> placements() {
 TEST_F(FrameSeams, PiecesMeetAndNothingElseIsSeen) {
   for (const BOOL flipped : {YES, NO}) {
     view->_flipped = flipped;
+    const Samples ground(view, {}, [] {});
     for (const Placement &p : placements()) {
       const NSRect rect = NSMakeRect(p.x, p.y, p.width, p.height);
       // The last drawing is of the picture.
       for (int i = 0; i < 3; ++i) {
         const Samples drawn = draw(container, rect, kDefault, {p.scale, 0});
-        const Samples ground = Samples(view, {p.scale, 0}, [] {});
         const double left = p.x * p.scale;
         const double right = (p.x + p.width) * p.scale;
         const double low = p.y * p.scale;
@@ -120,7 +119,7 @@ TEST_F(FrameSeams, PiecesMeetAndNothingElseIsSeen) {
         }
         ASSERT_EQ(wrong, 0) << "of " << inside << ": " << rect << " at " << p.scale << ", flipped "
                             << int{flipped} << ", drawing " << i;
-        ASSERT_GT(inside, 1000);
+        ASSERT_GT(inside, 500);
       }
     }
   }
