@@ -5,6 +5,7 @@
 namespace bench {
 
 void grid();
+void imageControls();
 void split();
 void text();
 

@@ -21,6 +21,7 @@ int main() {
     bench::grid();
     bench::split();
     bench::text();
+    bench::imageControls();
     std::printf("\n%d limits exceeded\n", bench::exceeded());
     std::fflush(stdout);
   }

@@ -125,7 +125,9 @@
 /** The size of the part's Default picture, in points; the zero size if there is none. */
 - (NSSize)imageSizeForImagePart:(HXImageControlImagePart)part;
 
-// MARK: Drawing
+@end
+
+@interface HXImageControlImageContainer (HXImageControlImageContainerDrawing)
 
 /** Draws a frame into the focused view: edges and corners in their own thickness, stretched along
     the sides, then the center, stretched over the rest. `flipped` is the view's `isFlipped`.
@@ -135,8 +137,16 @@
     Default center. The right bottom corner is drawn with the size of the left bottom one,
     deliberately: corners are made in equal sizes.
 
+    Where two pieces meet within a device pixel, both end at its nearer boundary, so that nothing
+    shows between them; the edges of `rect` stay where they are.
+
     Every piece is drawn by `drawImageInRect:isFlipped:imagePart:imageVariation:`, which a subclass
-    may override. */
+    may override; so are `imageSizeForImagePart:` and the `containsImage…` methods asked each time.
+    Where none of them is overridden, a frame that was drawn before in its size is drawn as one
+    picture, until one of its images changes: another segment, another size or other
+    representations of an image, `recache`, drawing between `lockFocus` and `unlockFocus`. Pixels
+    that are changed in a representation need `recache`, as the platform wants it. The pictures of
+    a container take 4 megabytes at most, those of all containers 8. */
 - (void)drawImageInRect:(NSRect)rect
               isFlipped:(BOOL)flipped
          imageVariation:(HXImageControlImageVariation)variation;

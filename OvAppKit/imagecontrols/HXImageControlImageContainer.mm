@@ -1,12 +1,10 @@
-#import <OvAppKit/HXImageControlImageContainer.h>
 #import <OvAppKit/HXImageControlImageResourceNameSuffixRegistry.h>
-#import <OvAppKit/HXImageSegment.h>
+
+#import "imagecontrols/HXImageControlImageContainer+Private.h"
 
 #include <iterator>
 
-#include "imagecontrols/NinePieceLayout.h"
 #include "imagecontrols/StretchSlices.h"
-#import "platform/ImageDrawing.h"
 #import "platform/ImageFileGuard.h"
 #import "platform/ImageResources.h"
 #include "support/GeometryBridge.h"
@@ -14,8 +12,8 @@
 
 namespace {
 
-constexpr HXImageControlImagePart kPartCount = 11;
-constexpr HXImageControlImageVariation kVariationCount = 5;
+using ov::kImagePartCount;
+using ov::kImageVariationCount;
 
 HXImageControlImageResourceNameSuffixRegistry *newSharedRegistry() {
   auto *registry = [[HXImageControlImageResourceNameSuffixRegistry alloc] init];
@@ -24,11 +22,12 @@ HXImageControlImageResourceNameSuffixRegistry *newSharedRegistry() {
       @"-right-top", @"-left-bottom", @"-right-bottom", @"-icon", @"-accessory"};
   NSString *const variations[] = {@"-default", @"-highlighted", @"-mouseopushed", @"-mouseovered",
                                   @"-disabled"};
-  static_assert(std::size(parts) == kPartCount && std::size(variations) == kVariationCount);
-  for (HXImageControlImagePart part = 0; part < kPartCount; ++part) {
+  static_assert(std::size(parts) == kImagePartCount &&
+                std::size(variations) == kImageVariationCount);
+  for (HXImageControlImagePart part = 0; part < kImagePartCount; ++part) {
     [registry setSuffix:parts[part] forImagePart:part];
   }
-  for (HXImageControlImageVariation variation = 0; variation < kVariationCount; ++variation) {
+  for (HXImageControlImageVariation variation = 0; variation < kImageVariationCount; ++variation) {
     [registry setSuffix:variations[variation] forImageVariation:variation];
   }
   return registry;
@@ -79,8 +78,9 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
   if (self == nil) return nil;
   auto *registry = [[self class] imageResourceNameSuffixRegistry];
   ov::ImageResources resources(bundle, [registry pathExtension]);
-  for (HXImageControlImagePart part = 0; part < kPartCount; ++part) {
-    for (HXImageControlImageVariation variation = 0; variation < kVariationCount; ++variation) {
+  for (HXImageControlImagePart part = 0; part < kImagePartCount; ++part) {
+    for (HXImageControlImageVariation variation = 0; variation < kImageVariationCount;
+         ++variation) {
       NSString *path = resources.pathOf([registry stringWithPrefix:prefix
                                                          imagePart:part
                                                     imageVariation:variation]);
@@ -107,7 +107,7 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
   if (self == nil) return nil;
   auto *registry = [[self class] imageResourceNameSuffixRegistry];
   ov::ImageResources resources(bundle, [registry pathExtension]);
-  for (HXImageControlImageVariation variation = 0; variation < kVariationCount; ++variation) {
+  for (HXImageControlImageVariation variation = 0; variation < kImageVariationCount; ++variation) {
     NSString *path = resources.pathOf([registry stringWithPrefix:prefix imageVariation:variation]);
     if (path == nil) continue;
     [self setStrechableImageWithPath:path
@@ -179,16 +179,26 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
 
 - (void)dealloc {
   [self removeAllImages];
+  delete _state;
   [super dealloc];
 }
 
 // MARK: Pictures
 
+- (void)_setSegment:(HXImageSegment *)segment
+            forPart:(HXImageControlImagePart)part
+          variation:(HXImageControlImageVariation)variation {
+  HXImageSegment **const held = &imageSegments_[part][variation];
+  // What was composed of it keeps its image.
+  if (*held != segment && _state != nullptr) _state->frames.clear();
+  OvReplaceRetained(held, segment);
+}
+
 - (void)setImage:(HXImageSegment *)segment
       forImagePart:(HXImageControlImagePart)part
     imageVariation:(HXImageControlImageVariation)variation {
-  if (part >= kPartCount || variation >= kVariationCount) return;
-  OvReplaceRetained(&imageSegments_[part][variation], segment);
+  if (part >= kImagePartCount || variation >= kImageVariationCount) return;
+  [self _setSegment:segment forPart:part variation:variation];
 }
 
 - (void)setImageWithPath:(NSString *)path
@@ -202,7 +212,7 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
                    leftCap:(CGFloat)leftCap
                     topCap:(CGFloat)topCap
          forImageVariation:(HXImageControlImageVariation)variation {
-  if (variation >= kVariationCount) return;
+  if (variation >= kImageVariationCount) return;
   // It may be among those that go.
   const auto whole = ov::retain(segment);
   [self removeAllImagesForImageVariation:variation];
@@ -223,22 +233,22 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
 }
 
 - (void)removeAllImages {
-  for (HXImageControlImagePart part = 0; part < kPartCount; ++part) {
+  for (HXImageControlImagePart part = 0; part < kImagePartCount; ++part) {
     [self removeAllImagesForImageKey:part];
   }
 }
 
 - (void)removeAllImagesForImageKey:(HXImageControlImagePart)part {
-  if (part >= kPartCount) return;
-  for (HXImageSegment *&segment : imageSegments_[part]) {
-    OvReplaceRetained(&segment, static_cast<HXImageSegment *>(nil));
+  if (part >= kImagePartCount) return;
+  for (HXImageControlImageVariation variation = 0; variation < kImageVariationCount; ++variation) {
+    [self _setSegment:nil forPart:part variation:variation];
   }
 }
 
 - (void)removeAllImagesForImageVariation:(HXImageControlImageVariation)variation {
-  if (variation >= kVariationCount) return;
-  for (auto &segments : imageSegments_) {
-    OvReplaceRetained(&segments[variation], static_cast<HXImageSegment *>(nil));
+  if (variation >= kImageVariationCount) return;
+  for (HXImageControlImagePart part = 0; part < kImagePartCount; ++part) {
+    [self _setSegment:nil forPart:part variation:variation];
   }
 }
 
@@ -248,46 +258,14 @@ void cutTiles(NSString *path, const int32_t *variations, NSUInteger count, Store
 
 - (BOOL)containsImageVariation:(HXImageControlImageVariation)variation
                   forImagePart:(HXImageControlImagePart)part {
-  return part < kPartCount && variation < kVariationCount && imageSegments_[part][variation] != nil;
+  return part < kImagePartCount && variation < kImageVariationCount &&
+         imageSegments_[part][variation] != nil;
 }
 
 - (NSSize)imageSizeForImagePart:(HXImageControlImagePart)part {
-  if (part >= kPartCount) return NSZeroSize;
+  if (part >= kImagePartCount) return NSZeroSize;
   HXImageSegment *segment = imageSegments_[part][HXImageControlImageVariationDefault];
   return segment ? [segment rect].size : NSZeroSize;
-}
-
-// MARK: Drawing
-
-- (void)drawImageInRect:(NSRect)rect
-              isFlipped:(BOOL)flipped
-         imageVariation:(HXImageControlImageVariation)variation {
-  if (variation >= kVariationCount) return;
-  ov::FramePartSizes sizes;
-  for (HXImageControlImagePart part = 0; part < sizes.size(); ++part) {
-    if (![self containsImageForImagePart:part]) continue;
-    sizes[part] = ov::fromNS([self imageSizeForImagePart:part]);
-  }
-  for (const auto &piece : ov::placeFrame(sizes, ov::fromNS(rect))) {
-    [self drawImageInRect:ov::toNS(piece.rect)
-                isFlipped:flipped
-                imagePart:static_cast<HXImageControlImagePart>(piece.part)
-           imageVariation:variation];
-  }
-}
-
-- (void)drawImageInRect:(NSRect)rect
-              isFlipped:(BOOL)flipped
-              imagePart:(HXImageControlImagePart)part
-         imageVariation:(HXImageControlImageVariation)variation {
-  if (part >= kPartCount || variation >= kVariationCount) return;
-  HXImageSegment *found = imageSegments_[part][variation];
-  if (found == nil) found = imageSegments_[part][HXImageControlImageVariationDefault];
-  // A host's image may change the container while it is drawn.
-  const auto segment = ov::retain(found);
-  NSImage *image = [segment.get() image];
-  [image setFlipped:flipped];
-  OvDrawImagePart(image, rect, [segment.get() rect], flipped);
 }
 
 @end
