@@ -4,9 +4,16 @@
 
 #import <AppKit/AppKit.h>
 
+#import <OvAppKit/HXImageControlImageContainer.h>
+
 #include "imagecontrols/VariationChoice.h"
 
 namespace ov {
+
+// What -setImageContainer: of either button does: the cell, if there is one, gets another
+// container, and the button shows it, and follows the mouse if the container has a picture for
+// that.
+void setImageContainerOfButton(NSButton *button, id cell, HXImageControlImageContainer *container);
 
 // The state that a variation is chosen by. The pointer is inside when it is now in the part of
 // the frame that can be seen, whatever the last event said; and never without a window.

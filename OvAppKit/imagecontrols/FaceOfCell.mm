@@ -1,5 +1,6 @@
 #include "imagecontrols/FaceOfCell.h"
 
+#import <OvAppKit/HXImageButtonCell.h>
 #import <OvFoundation/NSString+OvFoundation.h>
 
 #include "support/SystemFont.h"
@@ -17,6 +18,15 @@ bool pointerIsInside(NSRect frame, NSView *view) {
 }
 
 }  // namespace
+
+void setImageContainerOfButton(NSButton *button, id cell, HXImageControlImageContainer *container) {
+  if (cell == nil || [cell imageContainer] == container) return;
+  [cell setImageContainer:container];
+  [button setNeedsDisplay:YES];
+  [button setShowsBorderOnlyWhileMouseInside:
+              [container containsImageVariation:HXImageControlImageVariationMouseOver
+                                   forImagePart:HXImageControlImagePartCenter]];
+}
 
 ButtonState stateOfCell(NSButtonCell *cell, NSRect frame, NSView *view) {
   return {.enabled = static_cast<bool>([cell isEnabled]),

@@ -1,5 +1,6 @@
 #import "imagecontrols/HXImageButton.h"
 
+#include "imagecontrols/FaceOfCell.h"
 #import "imagecontrols/HXImageButtonCell.h"
 
 #include "platform/MenuPopUp.h"
@@ -63,13 +64,7 @@ NSPoint menuAnchor(NSView *button) {
 }
 
 - (void)setImageContainer:(HXImageControlImageContainer *)container {
-  HXImageButtonCell *cell = [self imageButtonCell];
-  if (cell == nil || [cell imageContainer] == container) return;
-  [cell setImageContainer:container];
-  [self setNeedsDisplay:YES];
-  [self setShowsBorderOnlyWhileMouseInside:
-            [container containsImageVariation:HXImageControlImageVariationMouseOver
-                                 forImagePart:HXImageControlImagePartCenter]];
+  ov::setImageContainerOfButton(self, [self imageButtonCell], container);
 }
 
 - (HXImageControlImageContainer *)imageContainer {

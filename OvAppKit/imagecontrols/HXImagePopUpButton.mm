@@ -1,5 +1,6 @@
 #import "imagecontrols/HXImagePopUpButton.h"
 
+#include "imagecontrols/FaceOfCell.h"
 #import "imagecontrols/HXImagePopUpButtonCell.h"
 
 #include "support/HoverTracking.h"
@@ -28,13 +29,7 @@
 }
 
 - (void)setImageContainer:(HXImageControlImageContainer *)container {
-  HXImagePopUpButtonCell *cell = [self imagePopUpButtonCell];
-  if (cell == nil || [cell imageContainer] == container) return;
-  [cell setImageContainer:container];
-  [self setNeedsDisplay:YES];
-  [self setShowsBorderOnlyWhileMouseInside:
-            [container containsImageVariation:HXImageControlImageVariationMouseOver
-                                 forImagePart:HXImageControlImagePartCenter]];
+  ov::setImageContainerOfButton(self, [self imagePopUpButtonCell], container);
 }
 
 - (HXImageControlImageContainer *)imageContainer {
