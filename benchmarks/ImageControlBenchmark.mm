@@ -201,7 +201,7 @@ void measureSize(const Frames &frames, NSImage *image,
   if (const auto qt = bench::qtFrame(pixels.data(), width, height)) {
     timed("qDrawBorderPixmap", qt, count);
     // Into memory, where nothing is sent to a display server.
-    compared("the frame again : qDrawBorderPixmap", again, qt, count, width < 100 ? 8 : 2);
+    compared("the frame again : qDrawBorderPixmap", again, qt, count, 1);
   } else {
     bench::row("qDrawBorderPixmap, " + size, 0, "absent: Qt is not installed");
   }
@@ -250,6 +250,6 @@ void bench::imageControls() {
           20);
     };
     bench::ratio("another size each second time : pieces in these sizes",
-                 bench::medianRatio(twice(frames.composed), twice(frames.pieces)), 8);
+                 bench::medianRatio(twice(frames.composed), twice(frames.pieces)), 2);
   }
 }
