@@ -63,11 +63,12 @@ TEST(SliceSampling, StepsAreWholeUnitsWithinTheSlice) {
   SCOPED_TRACE(random.describe());
   for (int i = 0; i < 3000; ++i) {
     const double pixelsPerPoint = random.pick(std::vector<double>{1, 2, 0.5, 24.0 / 36, 1.5});
-    const double points = static_cast<double>(random.integer(3, 60));
-    const ImageExtent image{{points, points}, {points * pixelsPerPoint, points * pixelsPerPoint}};
-    const double start = static_cast<double>(random.integer(0, static_cast<int>(points) - 2));
-    const double length = static_cast<double>(random.integer(1, static_cast<int>(points - start)));
-    const auto steps = static_cast<double>(random.integer(1, 3000));
+    const auto points = static_cast<Scalar>(random.integer(3, 60));
+    const auto pixels = static_cast<Scalar>(points * pixelsPerPoint);
+    const ImageExtent image{{points, points}, {pixels, pixels}};
+    const auto start = static_cast<Scalar>(random.integer(0, static_cast<int>(points) - 2));
+    const auto length = static_cast<Scalar>(random.integer(1, static_cast<int>(points - start)));
+    const auto steps = static_cast<Scalar>(random.integer(1, 3000));
     const SliceSampling sampling =
         sampleSlice({10, 10, steps, steps}, {start, start, length, length}, image, {});
     const double step = sampling.source.width * pixelsPerPoint / steps * 65536;
