@@ -160,7 +160,8 @@ TEST_F(ScrollViewLifetime, TheDelegateMayGoInItsOwnCall) {
       [scroll setDelegate:nil];
       [mortal autorelease];
     };
-    EXPECT_TRUE(dragKnob([scroll verticalScroller], { scrolledDown(scroll) > 0 ? -30.0 : 30.0 }));
+    const CGFloat step = scrolledDown(scroll) > 0 ? -30 : 30;
+    EXPECT_TRUE(dragKnob([scroll verticalScroller], { step }));
     EXPECT_TRUE(gone);
   }
 }
