@@ -48,16 +48,7 @@ namespace {
 
 NSBitmapImageRep *bitmap(NSSize size, NSColor *upper, NSColor *lower) {
   const int width = static_cast<int>(size.width), height = static_cast<int>(size.height);
-  NSBitmapImageRep *rep = [[[NSBitmapImageRep alloc] initWithBitmapDataPlanes:NULL
-                                                                   pixelsWide:width
-                                                                   pixelsHigh:height
-                                                                bitsPerSample:8
-                                                              samplesPerPixel:4
-                                                                     hasAlpha:YES
-                                                                     isPlanar:NO
-                                                               colorSpaceName:NSDeviceRGBColorSpace
-                                                                  bytesPerRow:0
-                                                                 bitsPerPixel:0] autorelease];
+  NSBitmapImageRep *rep = emptyBitmap(width, height);
   unsigned char *p = [rep bitmapData];
   for (int y = 0; y < height; y++) {
     NSColor *color =
