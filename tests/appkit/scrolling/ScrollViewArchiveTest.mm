@@ -327,15 +327,7 @@ TEST_F(ScrollViewFile, AGormFileMayHaveOurs) {
 TEST_F(ScrollViewFile, AKeyedArchiveOfThePlatformsScrollViewIsReadAsOurs) {
   NSScrollView *written =
       makeWith<NSScrollView>([NSScrollView class], [NSScroller class], [NSScroller class]);
-  NSMutableData *data = [NSMutableData data];
-  NSKeyedArchiver *archiver =
-      [[[NSKeyedArchiver alloc] initForWritingWithMutableData:data] autorelease];
-  [archiver setClassName:@"HXScrollView" forClass:[NSScrollView class]];
-  [archiver encodeObject:written forKey:@"root"];
-  [archiver finishEncoding];
-  NSKeyedUnarchiver *unarchiver =
-      [[[NSKeyedUnarchiver alloc] initForReadingWithData:data] autorelease];
-  expectToTell([unarchiver decodeObjectForKey:@"root"]);
+  expectToTell(roundTripAs(written, [NSScrollView class], [HXScrollView class], Coding::keyed));
 }
 
 TEST_F(ScrollViewFile, ANibFileHasScrollersOfThePlatform) {

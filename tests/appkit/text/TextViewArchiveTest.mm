@@ -100,16 +100,9 @@ TEST_F(TextViewInterface, APlainTextViewsDelegateBecomesTheClient) {
   NSTextView *plain = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)] autorelease];
   OvTestArchivedClient *client = [[[OvTestArchivedClient alloc] init] autorelease];
   [plain setDelegate:(id)client];
-  NSMutableData *data = [NSMutableData data];
-  NSKeyedArchiver *archiver =
-      [[[NSKeyedArchiver alloc] initForWritingWithMutableData:data] autorelease];
-  [archiver setClassName:@"OvTextView" forClass:[NSTextView class]];
-  [archiver encodeObject:@[ client, plain ] forKey:@"root"];
-  [archiver finishEncoding];
+  NSArray *both =
+      roundTripAs(@[ client, plain ], [NSTextView class], [OvTextView class], Coding::keyed);
   [plain setDelegate:nil];
-  NSKeyedUnarchiver *unarchiver =
-      [[[NSKeyedUnarchiver alloc] initForReadingWithData:data] autorelease];
-  NSArray *both = [unarchiver decodeObjectForKey:@"root"];
   OvTextView *copy = [both objectAtIndex:1];
   ASSERT_TRUE([copy isMemberOfClass:[OvTextView class]]);
   EXPECT_EQ([copy myDelegate], [both objectAtIndex:0]);
