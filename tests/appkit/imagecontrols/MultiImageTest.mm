@@ -75,6 +75,17 @@ NSImage *filledImage(NSSize size, NSColor *color) { return imageOf(size, color, 
 
 NSImage *redOverBlue(NSSize size) { return imageOf(size, [NSColor redColor], [NSColor blueColor]); }
 
+void expectLike(NSEvent *press, NSEvent *opening) {
+  EXPECT_EQ([opening type], NSLeftMouseDown);
+  EXPECT_EQ([opening modifierFlags], [press modifierFlags]);
+  EXPECT_EQ([opening timestamp], [press timestamp]);
+  EXPECT_EQ([opening windowNumber], [press windowNumber]);
+  EXPECT_EQ([opening context], [press context]);
+  EXPECT_EQ([opening eventNumber], [press eventNumber]);
+  EXPECT_EQ([opening clickCount], 2);
+  EXPECT_EQ([opening pressure], [press pressure]);
+}
+
 void MultiImageTest::SetUp() { LiveTest::SetUp(); }
 
 void MultiImageTest::TearDown() {
