@@ -11,6 +11,18 @@ function(ov_add_rule_tests NAME)
     PROPERTIES LABELS rules TIMEOUT 60)
 endfunction()
 
+# As OvLiveTest itself, which the precompiled header is taken from.
+function(ov_compile_live_tests NAME)
+  target_compile_options(${NAME} PRIVATE -fPIC)
+  target_precompile_headers(${NAME} REUSE_FROM OvLiveTest)
+endfunction()
+
+function(ov_add_live_fixture NAME)
+  add_library(${NAME} OBJECT ${ARGN})
+  target_link_libraries(${NAME} PUBLIC OvLiveTest PRIVATE ov_warnings)
+  ov_compile_live_tests(${NAME})
+endfunction()
+
 define_property(GLOBAL PROPERTY OV_LIVE_TEST_COUNT
   BRIEF_DOCS "How many live test programs there are"
   FULL_DOCS "How many live test programs there are; they are dealt out to two locks.")
@@ -27,9 +39,7 @@ function(ov_add_live_tests NAME)
 
   add_executable(${NAME} ${ARG_SOURCES})
   target_link_libraries(${NAME} PRIVATE OvLiveTest ${ARG_LINK} ov_warnings)
-  # As the library that the precompiled header is taken from.
-  target_compile_options(${NAME} PRIVATE -fPIC)
-  target_precompile_headers(${NAME} REUSE_FROM OvLiveTest)
+  ov_compile_live_tests(${NAME})
   # CMake 3.25 has no run paths for Objective-C++, and takes our framework folders for those
   # of another platform.
   set_target_properties(${NAME} PROPERTIES LINKER_LANGUAGE CXX

@@ -91,22 +91,17 @@ bool hasVariation(HXImageControlImageContainer *container, HXImageControlImageVa
     if (title != nil && !NSIsEmptyRect(rect)) [self drawTitle:title withFrame:rect inView:view];
   }
 
-  if ([imageContainer_ containsImageForImagePart:HXImageControlImagePartIcon]) {
-    NSRect rect = [self imageRectForBounds:frame];
+  const auto drawPart = [&](HXImageControlImagePart part, const auto &place) {
+    if (![imageContainer_ containsImageForImagePart:part]) return;
+    const NSRect rect = place();
     if (!NSIsEmptyRect(rect))
       [imageContainer_ drawImageInRect:rect
                              isFlipped:flipped
-                             imagePart:HXImageControlImagePartIcon
+                             imagePart:part
                         imageVariation:variation];
-  }
-  if ([imageContainer_ containsImageForImagePart:HXImageControlImagePartAccessory]) {
-    NSRect rect = [self accessoryRectForBounds:frame];
-    if (!NSIsEmptyRect(rect))
-      [imageContainer_ drawImageInRect:rect
-                             isFlipped:flipped
-                             imagePart:HXImageControlImagePartAccessory
-                        imageVariation:variation];
-  }
+  };
+  drawPart(HXImageControlImagePartIcon, [&] { return [self imageRectForBounds:frame]; });
+  drawPart(HXImageControlImagePartAccessory, [&] { return [self accessoryRectForBounds:frame]; });
 }
 
 - (void)highlight:(BOOL)flag withFrame:(NSRect)frame inView:(NSView *)view {

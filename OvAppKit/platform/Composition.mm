@@ -1,5 +1,7 @@
 #import "platform/Composition.h"
 
+#include "support/Methods.h"
+
 namespace {
 
 // Only one text is composed at a time: there is one keyboard.
@@ -87,14 +89,9 @@ std::optional<Composition> takeComposition(NSTextView *editor) {
 @implementation _OvCompositionBridge
 
 + (void)load {
-  const auto exchange = [](SEL ours, SEL platforms) {
-    // Without a message: nothing is to be initialized while libraries load.
-    Class textView = objc_getClass("NSTextView");
-    method_exchangeImplementations(class_getInstanceMethod(textView, ours),
-                                   class_getInstanceMethod(textView, platforms));
-  };
-  exchange(@selector(_ovSetMarkedText:selectedRange:), @selector(setMarkedText:selectedRange:));
-  exchange(@selector(_ovUnmarkText), @selector(unmarkText));
+  ov::exchangeMethods("NSTextView", @selector(_ovSetMarkedText:selectedRange:),
+                      @selector(setMarkedText:selectedRange:));
+  ov::exchangeMethods("NSTextView", @selector(_ovUnmarkText), @selector(unmarkText));
 }
 
 @end

@@ -2,6 +2,8 @@
 
 #include <unordered_map>
 
+#include "support/Methods.h"
+
 namespace {
 
 // The images that somebody asks about. An image lives as long as it is here.
@@ -120,14 +122,9 @@ bool ImageState::holds() const {
 @implementation _OvImageChangesBridge
 
 + (void)load {
-  const auto exchange = [](SEL ours, SEL platforms) {
-    // Without a message: nothing is to be initialized while libraries load.
-    Class image = objc_getClass("NSImage");
-    method_exchangeImplementations(class_getInstanceMethod(image, ours),
-                                   class_getInstanceMethod(image, platforms));
-  };
-  exchange(@selector(_ovLockFocusOnRepresentation:), @selector(lockFocusOnRepresentation:));
-  exchange(@selector(_ovUnlockFocus), @selector(unlockFocus));
+  ov::exchangeMethods("NSImage", @selector(_ovLockFocusOnRepresentation:),
+                      @selector(lockFocusOnRepresentation:));
+  ov::exchangeMethods("NSImage", @selector(_ovUnlockFocus), @selector(unlockFocus));
 }
 
 @end

@@ -7,6 +7,8 @@
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSLayoutManager.h>
 
+#include "support/Methods.h"
+
 // As long as the platform lets a run become in other places.
 static const NSUInteger kLongestRun = 16384;
 
@@ -36,15 +38,10 @@ static const NSUInteger kLongestRun = 16384;
 @implementation _OvLargeInsertionsBridge
 
 + (void)load {
-  // Without a message: nothing is to be initialized while libraries load.
-  Class manager = objc_getClass("GSLayoutManager");
-  method_exchangeImplementations(
-      class_getInstanceMethod(
-          manager, @selector(_ovInvalidateGlyphsForCharacterRange:
-                                                   changeInLength:actualCharacterRange:)),
-      class_getInstanceMethod(manager,
-                              @selector(invalidateGlyphsForCharacterRange:
-                                                           changeInLength:actualCharacterRange:)));
+  ov::exchangeMethods(
+      "GSLayoutManager",
+      @selector(_ovInvalidateGlyphsForCharacterRange:changeInLength:actualCharacterRange:),
+      @selector(invalidateGlyphsForCharacterRange:changeInLength:actualCharacterRange:));
 }
 
 @end

@@ -57,6 +57,10 @@ Picture pictureOf(NSView* view, NSRect part);
 // What an image contains.
 Picture pictureOfImage(NSImage* image);
 
+// 8 bits of red, green, blue and alpha for each pixel, none set yet.
+NSBitmapImageRep* emptyBitmap(NSInteger width, NSInteger height,
+                              NSString* space = NSDeviceRGBColorSpace);
+
 // Where a failing test leaves its pictures: OV_TEST_OUTPUT, or the current folder.
 std::string outputPath(const std::string& name);
 

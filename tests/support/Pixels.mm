@@ -68,6 +68,19 @@ Picture pictureOf(NSView* view, NSRect part) {
   return picture;
 }
 
+NSBitmapImageRep* emptyBitmap(NSInteger width, NSInteger height, NSString* space) {
+  return [[[NSBitmapImageRep alloc] initWithBitmapDataPlanes:NULL
+                                                  pixelsWide:width
+                                                  pixelsHigh:height
+                                               bitsPerSample:8
+                                             samplesPerPixel:4
+                                                    hasAlpha:YES
+                                                    isPlanar:NO
+                                              colorSpaceName:space
+                                                 bytesPerRow:0
+                                                bitsPerPixel:0] autorelease];
+}
+
 Picture pictureOfImage(NSImage* image) {
   return Picture([NSBitmapImageRep imageRepWithData:[image TIFFRepresentation]]);
 }

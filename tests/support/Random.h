@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -31,6 +32,24 @@ class Random {
   template <typename T>
   const T& pick(const std::vector<T>& values) {
     return values[static_cast<size_t>(integer(0, static_cast<int64_t>(values.size()) - 1))];
+  }
+  // Nothing, small, large, or no number at all.
+  template <typename T>
+  T anyNumber() {
+    using Limits = std::numeric_limits<T>;
+    static const std::vector<T> values = {0,
+                                          1,
+                                          -1,
+                                          0.5,
+                                          1e-30,
+                                          1e30,
+                                          -1e30,
+                                          100,
+                                          Limits::max(),
+                                          Limits::denorm_min(),
+                                          Limits::infinity(),
+                                          Limits::quiet_NaN()};
+    return pick(values);
   }
 
  private:

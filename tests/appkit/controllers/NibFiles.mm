@@ -1,7 +1,6 @@
 #import "NibFiles.h"
 
-#import <GNUstepGUI/GSGormLoading.h>
-#import <GNUstepGUI/GSNibLoading.h>
+#import "InterfaceFiles.h"
 
 static int viewsAlive, viewDeaths, viewAwakenings, companionsAlive, companionDeaths;
 
@@ -81,14 +80,6 @@ NSView *makeView(const NibContents &contents) {
   return [view autorelease];
 }
 
-NSNibOutletConnector *viewOutlet(id source, id destination) {
-  NSNibOutletConnector *outlet = [[[NSNibOutletConnector alloc] init] autorelease];
-  [outlet setSource:source];
-  [outlet setDestination:destination];
-  [outlet setLabel:@"view"];
-  return outlet;
-}
-
 }  // namespace
 
 NSString *nibFolder() {
@@ -138,42 +129,20 @@ void writeXib(NSString *name, const NibContents &contents) {
 }
 
 void writeGorm(NSString *name, const NibContents &contents) {
-  GSNibContainer *container = [[[GSNibContainer alloc] init] autorelease];
-  NSView *view = makeView(contents);
-  NibCompanion *companion = [[[NibCompanion alloc] init] autorelease];
-  [[container nameTable] setObject:view forKey:@"View"];
-  [[container nameTable] setObject:companion forKey:@"Companion"];
-  [[container topLevelObjects] addObject:view];
-  [[container topLevelObjects] addObject:companion];
-  if (contents.connected) {
-    [[container connections] addObject:viewOutlet(@"NSOwner", @"View")];
-  }
+  GormFile file;
+  file.add(@"View", makeView(contents));
+  file.add(@"Companion", [[[NibCompanion alloc] init] autorelease]);
+  if (contents.connected) file.outlet(@"NSOwner", @"view", @"View");
   NSString *folder = [name stringByAppendingPathExtension:@"gorm"];
-  writeNibBytes([folder stringByAppendingPathComponent:@"objects.gorm"],
-                [NSArchiver archivedDataWithRootObject:container]);
+  writeNibBytes([folder stringByAppendingPathComponent:@"objects.gorm"], file.data());
 }
 
 void writeNib(NSString *name, const NibContents &contents) {
-  NSIBObjectData *container = [[[NSIBObjectData alloc] init] autorelease];
-  NSCustomObject *owner = [[[NSCustomObject alloc] init] autorelease];
-  [owner setClassName:@"HXViewController"];
-  [container setRoot:owner];
   NSView *view = makeView(contents);
-  NibCompanion *companion = [[[NibCompanion alloc] init] autorelease];
-  int identifier = 0;
-  for (id object in @[ view, companion ]) {
-    NSMapInsert([container objects], object, owner);
-    NSMapInsert([container oids], object, @(++identifier));
-  }
-  NSMapInsert([container oids], owner, @(-1));
-  if (contents.connected) [[container connections] addObject:viewOutlet(owner, view)];
-  NSMutableData *data = [NSMutableData data];
-  NSKeyedArchiver *archiver =
-      [[[NSKeyedArchiver alloc] initForWritingWithMutableData:data] autorelease];
-  [archiver encodeObject:container forKey:@"IB.objectdata"];
-  [archiver finishEncoding];
   NSString *folder = [name stringByAppendingPathExtension:@"nib"];
-  writeNibBytes([folder stringByAppendingPathComponent:@"keyedobjects.nib"], data);
+  writeNibBytes([folder stringByAppendingPathComponent:@"keyedobjects.nib"],
+                nibData(@"HXViewController", contents.connected ? @{@"view" : view} : @{},
+                        @[ view, [[[NibCompanion alloc] init] autorelease] ]));
 }
 
 }  // namespace ov::test

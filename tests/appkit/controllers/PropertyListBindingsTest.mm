@@ -1,10 +1,9 @@
 // Controls that are bound to the controller, in code and from interface files.
 
-#import <GNUstepGUI/GSGormLoading.h>
-
 #include <algorithm>
 #include <limits>
 
+#import "InterfaceFiles.h"
 #import "SettingsTest.h"
 
 using namespace ov::test;
@@ -308,12 +307,6 @@ class PropertyListInterfaceFile : public PropertyListBindings {
     PropertyListBindings::TearDown();
   }
 
-  bool load(NSString *file) {
-    return [NSBundle loadNibFile:file
-               externalNameTable:@{@"NSOwner" : owner}
-                        withZone:NSDefaultMallocZone()];
-  }
-
   // The controller comes without store and defaults, which the owner then sets.
   void expectThatAllIsConnected() {
     ASSERT_TRUE([owner->settings isMemberOfClass:[HXPropertyListController class]]);
@@ -341,15 +334,8 @@ class PropertyListInterfaceFile : public PropertyListBindings {
 };
 
 TEST_F(PropertyListInterfaceFile, AnXMLFileBindsControls) {
-  NSString *xml =
-      @"<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
-      @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
-      @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
-      @"<customObject id=\"-2\" userLabel=\"File's Owner\" customClass=\"OvTestSettingsOwner\">"
-      @"<connections><outlet property=\"settings\" destination=\"c1\" id=\"o1\"/>"
-      @"<outlet property=\"ink\" destination=\"t1\" id=\"o2\"/>"
-      @"<outlet property=\"grid\" destination=\"b1\" id=\"o3\"/>"
-      @"<outlet property=\"save\" destination=\"b2\" id=\"o4\"/></connections></customObject>"
+  NSDictionary *outlets = @{@"settings" : @"c1", @"ink" : @"t1", @"grid" : @"b1", @"save" : @"b2"};
+  NSString *objects =
       @"<customObject id=\"c1\" customClass=\"HXPropertyListController\"/>"
       @"<customView id=\"v1\"><rect key=\"frame\" x=\"0\" y=\"0\" width=\"300\" height=\"200\"/>"
       @"<subviews>"
@@ -366,50 +352,24 @@ TEST_F(PropertyListInterfaceFile, AnXMLFileBindsControls) {
       @"<action selector=\"save:\" target=\"c1\" id=\"a1\"/>"
       @"<binding destination=\"c1\" name=\"enabled\" keyPath=\"hasUnsavedChanges\" id=\"n3\"/>"
       @"</connections></button>"
-      @"</subviews></customView></objects></document>";
-  ASSERT_TRUE([xml writeToFile:path("Settings.xib")
-                    atomically:NO
-                      encoding:NSUTF8StringEncoding
-                         error:NULL]);
-  ASSERT_TRUE(load(path("Settings.xib")));
+      @"</subviews></customView>";
+  ASSERT_TRUE(loadXib(owner, outlets, objects));
   expectThatAllIsConnected();
 }
 
 TEST_F(PropertyListInterfaceFile, AnObjectArchiveFileBringsAController) {
-  GSNibContainer *container = [[[GSNibContainer alloc] init] autorelease];
-  auto add = [&](NSString *name, id object) {
-    [[container nameTable] setObject:object forKey:name];
-    [[container topLevelObjects] addObject:object];
-  };
-  auto connect = [&](NSNibConnector *connector, NSString *source, NSString *label,
-                     NSString *destination) {
-    [connector setSource:source];
-    [connector setLabel:label];
-    [connector setDestination:destination];
-    [[container connections] addObject:connector];
-    [connector release];
-  };
-  add(@"Settings", [[[HXPropertyListController alloc] init] autorelease]);
-  add(@"Ink", addControl([NSTextField class], 0));
-  add(@"Grid", addControl([NSButton class], 0));
-  [[[container nameTable] objectForKey:@"Grid"] setButtonType:NSSwitchButton];
-  add(@"Save", addControl([NSButton class], 0));
+  GormFile file;
+  file.add(@"Settings", [[[HXPropertyListController alloc] init] autorelease]);
+  file.add(@"Ink", addControl([NSTextField class], 0));
+  id grid = addControl([NSButton class], 0);
+  [grid setButtonType:NSSwitchButton];
+  file.add(@"Grid", grid);
+  file.add(@"Save", addControl([NSButton class], 0));
   for (NSString *name in @[ @"Settings", @"Ink", @"Grid", @"Save" ]) {
-    connect([[NSNibOutletConnector alloc] init], @"NSOwner", [name lowercaseString], name);
+    file.outlet(@"NSOwner", [name lowercaseString], name);
   }
-  connect([[NSNibControlConnector alloc] init], @"Save", @"save:", @"Settings");
-  NSString *file = path("Settings.gorm");
-  [[NSFileManager defaultManager] createDirectoryAtPath:file
-                            withIntermediateDirectories:YES
-                                             attributes:nil
-                                                  error:NULL];
-  ASSERT_TRUE([NSArchiver archiveRootObject:container
-                                     toFile:[file stringByAppendingPathComponent:@"objects.gorm"]]);
-  [@"{ }" writeToFile:[file stringByAppendingPathComponent:@"data.classes"]
-           atomically:NO
-             encoding:NSUTF8StringEncoding
-                error:NULL];
-  ASSERT_TRUE(load(file));
+  file.action(@"Save", @"save:", @"Settings");
+  ASSERT_TRUE(file.load(owner));
   // The platform cannot keep bindings in these files; their owner makes them.
   NSString *enabled = @"hasUnsavedChanges";
   [owner->ink bind:@"value" toObject:owner->settings withKeyPath:@"values.ink" options:nil];

@@ -13,16 +13,7 @@ using ov::test::encoded;
 
 // Of one colour, so many pixels wide and half as high.
 NSData *plain(NSColor *color, NSInteger width, NSBitmapImageFileType type = NSTIFFFileType) {
-  NSBitmapImageRep *rep = [[[NSBitmapImageRep alloc] initWithBitmapDataPlanes:NULL
-                                                                   pixelsWide:width
-                                                                   pixelsHigh:width / 2
-                                                                bitsPerSample:8
-                                                              samplesPerPixel:4
-                                                                     hasAlpha:YES
-                                                                     isPlanar:NO
-                                                               colorSpaceName:NSDeviceRGBColorSpace
-                                                                  bytesPerRow:0
-                                                                 bitsPerPixel:0] autorelease];
+  NSBitmapImageRep *rep = ov::test::emptyBitmap(width, width / 2);
   for (NSInteger y = 0; y < width / 2; y++) {
     for (NSInteger x = 0; x < width; x++) [rep setColor:color atX:x y:y];
   }

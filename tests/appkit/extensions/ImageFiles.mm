@@ -15,16 +15,7 @@ void add(NSMutableData *data, uint32_t number, int width, bool bigEndian) {
 
 NSBitmapImageRep *redAndBlue(int unit) {
   const int width = 4 * unit, height = 2 * unit;
-  NSBitmapImageRep *rep = [[[NSBitmapImageRep alloc] initWithBitmapDataPlanes:NULL
-                                                                   pixelsWide:width
-                                                                   pixelsHigh:height
-                                                                bitsPerSample:8
-                                                              samplesPerPixel:4
-                                                                     hasAlpha:YES
-                                                                     isPlanar:NO
-                                                               colorSpaceName:NSDeviceRGBColorSpace
-                                                                  bytesPerRow:0
-                                                                 bitsPerPixel:0] autorelease];
+  NSBitmapImageRep *rep = emptyBitmap(width, height);
   unsigned char *p = [rep bitmapData];
   for (int i = 0; i < width * height; i++, p += 4) {
     const bool left = i % width < width / 2;

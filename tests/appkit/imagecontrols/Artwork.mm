@@ -36,16 +36,7 @@ namespace ov::test {
 
 NSBitmapImageRep *bitmapOf(const Rows &rows) {
   NSBitmapImageRep *bitmap =
-      [[[NSBitmapImageRep alloc] initWithBitmapDataPlanes:NULL
-                                               pixelsWide:static_cast<NSInteger>(rows[0].size())
-                                               pixelsHigh:static_cast<NSInteger>(rows.size())
-                                            bitsPerSample:8
-                                          samplesPerPixel:4
-                                                 hasAlpha:YES
-                                                 isPlanar:NO
-                                           colorSpaceName:NSDeviceRGBColorSpace
-                                              bytesPerRow:0
-                                             bitsPerPixel:0] autorelease];
+      emptyBitmap(static_cast<NSInteger>(rows[0].size()), static_cast<NSInteger>(rows.size()));
   unsigned char *sample = [bitmap bitmapData];
   for (const auto &row : rows) {
     for (const Pixel &pixel : row) {

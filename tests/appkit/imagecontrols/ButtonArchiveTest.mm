@@ -2,9 +2,8 @@
 
 #import "ButtonTest.h"
 
-#import <GNUstepGUI/GSGormLoading.h>
-
 #import "Coding.h"
+#import "InterfaceFiles.h"
 
 using namespace ov::test;
 
@@ -142,15 +141,7 @@ class ImageButtonInterface : public ImageButtonTest {
 };
 
 TEST_F(ImageButtonInterface, AXibNeedNotNameTheClassOfTheCell) {
-  NSString *text =
-      @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
-      @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
-      @"<customObject id=\"-2\" userLabel=\"File's Owner\" customClass=\"OvTestButtonOwner\">"
-      @"<connections><outlet property=\"button\" destination=\"b1\" id=\"o1\"/>"
-      @"<outlet property=\"unnamedCell\" destination=\"b2\" id=\"o2\"/></connections>"
-      @"</customObject>"
-      @"<customObject id=\"-1\" userLabel=\"First Responder\" customClass=\"FirstResponder\"/>"
-      @"<customObject id=\"-3\" userLabel=\"Application\" customClass=\"NSObject\"/>"
+  NSString *objects =
       @"<customView id=\"v1\"><rect key=\"frame\" x=\"0\" y=\"0\" width=\"200\" height=\"100\"/>"
       @"<subviews><button id=\"b1\" customClass=\"HXImageButton\">"
       @"<rect key=\"frame\" x=\"10\" y=\"50\" width=\"80\" height=\"24\"/>"
@@ -161,16 +152,9 @@ TEST_F(ImageButtonInterface, AXibNeedNotNameTheClassOfTheCell) {
       @"<button id=\"b2\" customClass=\"HXImageButton\">"
       @"<rect key=\"frame\" x=\"10\" y=\"10\" width=\"80\" height=\"24\"/>"
       @"<buttonCell key=\"cell\" type=\"push\" title=\"Push\" id=\"c2\"/></button>"
-      @"</subviews></customView></objects></document>";
-  NSString *path = [NSTemporaryDirectory()
-      stringByAppendingPathComponent:[[[NSProcessInfo processInfo] globallyUniqueString]
-                                         stringByAppendingPathExtension:@"xib"]];
-  ASSERT_TRUE([[text dataUsingEncoding:NSUTF8StringEncoding] writeToFile:path atomically:NO]);
-  NSNib *nib = [[[NSNib alloc] initWithContentsOfURL:[NSURL fileURLWithPath:path]] autorelease];
-  [[NSFileManager defaultManager] removeFileAtPath:path handler:nil];
+      @"</subviews></customView>";
   OvTestButtonOwner *owner = [[[OvTestButtonOwner alloc] init] autorelease];
-  NSArray *objects = nil;
-  ASSERT_TRUE([nib instantiateNibWithOwner:owner topLevelObjects:&objects]);
+  ASSERT_TRUE(loadXib(owner, @{@"button" : @"b1", @"unnamedCell" : @"b2"}, objects));
   EXPECT_TRUE([owner->unnamedCell isMemberOfClass:[HXImageButton class]]);
   EXPECT_NE([owner->unnamedCell imageButtonCell], nil) << "the loader asks the button's class";
   expectConnected(owner);
@@ -180,22 +164,13 @@ TEST_F(ImageButtonInterface, AGormFileKeepsBothClasses) {
   HXImageButton *button =
       [[[HXImageButton alloc] initWithFrame:NSMakeRect(10, 50, 80, 24)] autorelease];
   [button setTitle:@"Push"];
-  GSNibContainer *container = [[[GSNibContainer alloc] init] autorelease];
-  [[container topLevelObjects] addObject:button];
-  [[container nameTable] setObject:button forKey:@"Button"];
-  auto connect = [&](id connector, NSString *source, NSString *target, NSString *label) {
-    [connector setSource:source];
-    [connector setDestination:target];
-    [connector setLabel:label];
-    [[container connections] addObject:connector];
-  };
-  connect([[[NSNibOutletConnector alloc] init] autorelease], @"NSOwner", @"Button", @"button");
-  connect([[[NSNibOutletConnector alloc] init] autorelease], @"Button", @"NSOwner", @"delegate");
-  connect([[[NSNibControlConnector alloc] init] autorelease], @"Button", @"NSOwner", @"act:");
-  GSNibContainer *read =
-      [NSUnarchiver unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:container]];
+  GormFile file;
+  file.add(@"Button", button);
+  file.outlet(@"NSOwner", @"button", @"Button");
+  file.outlet(@"Button", @"delegate", @"NSOwner");
+  file.action(@"Button", @"act:", @"NSOwner");
   OvTestButtonOwner *owner = [[[OvTestButtonOwner alloc] init] autorelease];
-  [read awakeWithContext:[NSDictionary dictionaryWithObject:owner forKey:@"NSOwner"]];
+  ASSERT_TRUE(file.load(owner));
   expectConnected(owner);
 }
 

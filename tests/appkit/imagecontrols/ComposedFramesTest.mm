@@ -378,10 +378,8 @@ namespace {
 
 TEST_F(ComposedFrames, ASubclassDrawsEachPieceEveryTime) {
   auto *own = [[[OvTestPieceContainer alloc] init] autorelease];
-  [own setStrechableImage:[[[HXImageSegment alloc] initWithImage:image] autorelease]
-                  leftCap:8
-                   topCap:8
-        forImageVariation:kDefault];
+  container = own;
+  setStretchable(image, kDefault);
   for (int i = 1; i <= 5; ++i) {
     draw(own, kPlace);
     EXPECT_EQ(own->_pieces, 9 * i);
@@ -390,10 +388,8 @@ TEST_F(ComposedFrames, ASubclassDrawsEachPieceEveryTime) {
 
 TEST_F(ComposedFrames, ASubclassIsAskedForSizesEveryTime) {
   auto *own = [[[OvTestSizeContainer alloc] init] autorelease];
-  [own setStrechableImage:[[[HXImageSegment alloc] initWithImage:image] autorelease]
-                  leftCap:8
-                   topCap:8
-        forImageVariation:kDefault];
+  container = own;
+  setStretchable(image, kDefault);
   own->_width = 5;
   const Samples five = draw(own, kPlace);
   for (int i = 0; i < 3; ++i) EXPECT_EQ(draw(own, kPlace).distance(five), 0);
@@ -403,10 +399,8 @@ TEST_F(ComposedFrames, ASubclassIsAskedForSizesEveryTime) {
 
 TEST_F(ComposedFrames, ASubclassIsAskedForItsPartsEveryTime) {
   auto *own = [[[OvTestWithoutEdges alloc] init] autorelease];
-  [own setStrechableImage:[[[HXImageSegment alloc] initWithImage:image] autorelease]
-                  leftCap:8
-                   topCap:8
-        forImageVariation:kDefault];
+  container = own;
+  setStretchable(image, kDefault);
   for (int i = 0; i < 4; ++i) draw(own, kPlace);
   const Samples all = draw(own, kPlace);
   own->_hides = YES;

@@ -135,17 +135,7 @@ int Samples::distance(const Samples &other) const {
 }
 
 NSImage *makeImage(int width, int height, const std::function<Pixel(int, int)> &pixel) {
-  NSBitmapImageRep *rep =
-      [[[NSBitmapImageRep alloc] initWithBitmapDataPlanes:nullptr
-                                               pixelsWide:width
-                                               pixelsHigh:height
-                                            bitsPerSample:8
-                                          samplesPerPixel:4
-                                                 hasAlpha:YES
-                                                 isPlanar:NO
-                                           colorSpaceName:NSCalibratedRGBColorSpace
-                                              bytesPerRow:0
-                                             bitsPerPixel:0] autorelease];
+  NSBitmapImageRep *rep = emptyBitmap(width, height, NSCalibratedRGBColorSpace);
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
       const Pixel p = pixel(x, y);

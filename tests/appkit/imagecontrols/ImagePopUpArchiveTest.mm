@@ -2,9 +2,8 @@
 
 #import "ImagePopUpTest.h"
 
-#import <GNUstepGUI/GSGormLoading.h>
-
 #import "Coding.h"
+#import "InterfaceFiles.h"
 
 using namespace ov::test;
 
@@ -105,14 +104,7 @@ class ImagePopUpInterface : public ImagePopUpTest {
 class ImagePopUpXib : public ImagePopUpInterface, public testing::WithParamInterface<bool> {};
 
 TEST_P(ImagePopUpXib, NeedNotNameTheClassOfTheCell) {
-  NSString *text =
-      @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
-      @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
-      @"<customObject id=\"-2\" userLabel=\"File's Owner\" customClass=\"OvTestPopUpOwner\">"
-      @"<connections><outlet property=\"button\" destination=\"b1\" id=\"o1\"/></connections>"
-      @"</customObject>"
-      @"<customObject id=\"-1\" userLabel=\"First Responder\" customClass=\"FirstResponder\"/>"
-      @"<customObject id=\"-3\" userLabel=\"Application\" customClass=\"NSObject\"/>"
+  NSString *objects =
       @"<customView id=\"v1\"><rect key=\"frame\" x=\"0\" y=\"0\" width=\"200\" height=\"100\"/>"
       @"<subviews><popUpButton id=\"b1\" customClass=\"HXImagePopUpButton\">"
       @"<rect key=\"frame\" x=\"10\" y=\"50\" width=\"120\" height=\"26\"/>"
@@ -122,19 +114,14 @@ TEST_P(ImagePopUpXib, NeedNotNameTheClassOfTheCell) {
       @"<menuItem title=\"One\" state=\"on\" id=\"i1\"/><menuItem title=\"Two\" id=\"i2\"/>"
       @"</items></menu></popUpButtonCell><connections>"
       @"<action selector=\"act:\" target=\"-2\" id=\"a1\"/></connections></popUpButton>"
-      @"</subviews></customView></objects></document>";
-  if (!GetParam())
-    text = [text stringByReplacingOccurrencesOfString:@" customClass=\"HXImagePopUpButtonCell\""
+      @"</subviews></customView>";
+  if (!GetParam()) {
+    objects =
+        [objects stringByReplacingOccurrencesOfString:@" customClass=\"HXImagePopUpButtonCell\""
                                            withString:@""];
-  NSString *path = [NSTemporaryDirectory()
-      stringByAppendingPathComponent:[[[NSProcessInfo processInfo] globallyUniqueString]
-                                         stringByAppendingPathExtension:@"xib"]];
-  ASSERT_TRUE([[text dataUsingEncoding:NSUTF8StringEncoding] writeToFile:path atomically:NO]);
-  NSNib *nib = [[[NSNib alloc] initWithContentsOfURL:[NSURL fileURLWithPath:path]] autorelease];
-  [[NSFileManager defaultManager] removeFileAtPath:path handler:nil];
+  }
   OvTestPopUpOwner *owner = [[[OvTestPopUpOwner alloc] init] autorelease];
-  NSArray *objects = nil;
-  ASSERT_TRUE([nib instantiateNibWithOwner:owner topLevelObjects:&objects]);
+  ASSERT_TRUE(loadXib(owner, @{@"button" : @"b1"}, objects));
   expectConnected(owner);
 }
 
@@ -145,21 +132,12 @@ TEST_F(ImagePopUpInterface, FromAGormFile) {
       [[[HXImagePopUpButton alloc] initWithFrame:NSMakeRect(10, 50, 120, 24)
                                        pullsDown:NO] autorelease];
   [button addItemsWithTitles:@[ @"One", @"Two" ]];
-  GSNibContainer *container = [[[GSNibContainer alloc] init] autorelease];
-  [[container topLevelObjects] addObject:button];
-  [[container nameTable] setObject:button forKey:@"Button"];
-  auto connect = [&](id connector, NSString *source, NSString *target, NSString *label) {
-    [connector setSource:source];
-    [connector setDestination:target];
-    [connector setLabel:label];
-    [[container connections] addObject:connector];
-  };
-  connect([[[NSNibOutletConnector alloc] init] autorelease], @"NSOwner", @"Button", @"button");
-  connect([[[NSNibControlConnector alloc] init] autorelease], @"Button", @"NSOwner", @"act:");
-  GSNibContainer *read =
-      [NSUnarchiver unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:container]];
+  GormFile file;
+  file.add(@"Button", button);
+  file.outlet(@"NSOwner", @"button", @"Button");
+  file.action(@"Button", @"act:", @"NSOwner");
   OvTestPopUpOwner *owner = [[[OvTestPopUpOwner alloc] init] autorelease];
-  [read awakeWithContext:[NSDictionary dictionaryWithObject:owner forKey:@"NSOwner"]];
+  ASSERT_TRUE(file.load(owner));
   expectConnected(owner);
 }
 

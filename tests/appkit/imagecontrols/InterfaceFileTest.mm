@@ -1,5 +1,6 @@
 // Icon and multi-image buttons from interface files.
 
+#import "InterfaceFiles.h"
 #import "MultiImageTest.h"
 
 #include <objc/runtime.h>
@@ -37,28 +38,13 @@ namespace {
 
 class InterfaceFile : public LiveTest {
  protected:
-  OvTestInterfaceOwner *load(NSString *objects, NSString *outlets) {
-    NSString *text = [NSString
-        stringWithFormat:
-            @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
-            @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
-            @"<customObject id=\"-2\" userLabel=\"File's Owner\" "
-            @"customClass=\"OvTestInterfaceOwner\"><connections>%@</connections></customObject>"
-            @"<customObject id=\"-1\" userLabel=\"First Responder\" "
-            @"customClass=\"FirstResponder\"/>"
-            @"<customObject id=\"-3\" userLabel=\"Application\" customClass=\"NSObject\"/>"
-            @"<customView id=\"v1\"><rect key=\"frame\" x=\"0\" y=\"0\" width=\"200\" "
-            @"height=\"100\"/><subviews>%@</subviews></customView></objects></document>",
-            outlets, objects];
-    NSString *path = [NSTemporaryDirectory()
-        stringByAppendingPathComponent:[[[NSProcessInfo processInfo] globallyUniqueString]
-                                           stringByAppendingPathExtension:@"xib"]];
-    EXPECT_TRUE([[text dataUsingEncoding:NSUTF8StringEncoding] writeToFile:path atomically:NO]);
-    NSNib *nib = [[[NSNib alloc] initWithContentsOfURL:[NSURL fileURLWithPath:path]] autorelease];
-    [[NSFileManager defaultManager] removeFileAtPath:path handler:nil];
+  OvTestInterfaceOwner *load(NSDictionary *outlets, NSString *controls) {
+    NSString *objects = [NSString
+        stringWithFormat:@"<customView id=\"v1\"><rect key=\"frame\" x=\"0\" y=\"0\" "
+                         @"width=\"200\" height=\"100\"/><subviews>%@</subviews></customView>",
+                         controls];
     OvTestInterfaceOwner *owner = [[[OvTestInterfaceOwner alloc] init] autorelease];
-    NSArray *topLevel = nil;
-    EXPECT_TRUE([nib instantiateNibWithOwner:owner topLevelObjects:&topLevel]);
+    EXPECT_TRUE(loadXib(owner, outlets, objects));
     return owner;
   }
 };
@@ -73,9 +59,7 @@ TEST_F(InterfaceFile, IconButtonsGetTheirCellAndKeepTheirAction) {
                           @"</connections></button>",
                           name, name, name, name, name];
   }
-  OvTestInterfaceOwner *owner =
-      load(objects, @"<outlet property=\"icon\" destination=\"Icon\" id=\"o1\"/>"
-                    @"<outlet property=\"selectable\" destination=\"Selectable\" id=\"o2\"/>");
+  OvTestInterfaceOwner *owner = load(@{@"icon" : @"Icon", @"selectable" : @"Selectable"}, objects);
   ASSERT_TRUE([owner->icon isMemberOfClass:[OvIconButton class]]);
   ASSERT_TRUE([owner->selectable isMemberOfClass:[OvSelectableButton class]]);
   for (OvIconButton *button in @[ owner->icon, owner->selectable ]) {
@@ -90,11 +74,11 @@ TEST_F(InterfaceFile, IconButtonsGetTheirCellAndKeepTheirAction) {
 
 TEST_F(InterfaceFile, AMultiImageButtonStartsTheTrackingThatItWasToldOf) {
   OvTestInterfaceOwner *owner = load(
+      @{@"multi" : @"m1"},
       @"<customView id=\"m1\" customClass=\"OvTestEagerButton\">"
       @"<rect key=\"frame\" x=\"10\" y=\"50\" width=\"30\" height=\"20\"/>"
       @"<connections><outlet property=\"delegate\" destination=\"-2\" id=\"o2\"/></connections>"
-      @"</customView>",
-      @"<outlet property=\"multi\" destination=\"m1\" id=\"o1\"/>");
+      @"</customView>");
   ASSERT_TRUE([owner->multi isMemberOfClass:[OvTestEagerButton class]]);
   EXPECT_NE([owner->multi multiImageCell], nil);
   EXPECT_EQ([owner->multi delegate], owner);

@@ -345,19 +345,8 @@ TEST_P(MultiImageCellArchive, HasTheForm) {
   HXMultiImageCell *cell = makeCell();
   [cell registerImage:redOverBlue(kImageSize) forKey:@"a"];
   [cell setDrawsWhenDisabled:YES];
-  OvTestForeignReader *reader;
-  if (GetParam() == Coding::keyed) {
-    NSData *data = [NSKeyedArchiver archivedDataWithRootObject:cell];
-    NSKeyedUnarchiver *unarchiver =
-        [[[NSKeyedUnarchiver alloc] initForReadingWithData:data] autorelease];
-    [unarchiver setClass:[OvTestForeignReader class] forClassName:@"HXMultiImageCell"];
-    reader = [unarchiver decodeObjectForKey:@"root"];
-  } else {
-    NSData *data = [NSArchiver archivedDataWithRootObject:cell];
-    NSUnarchiver *unarchiver = [[[NSUnarchiver alloc] initForReadingWithData:data] autorelease];
-    [unarchiver decodeClassName:@"HXMultiImageCell" asClassName:@"OvTestForeignReader"];
-    reader = [unarchiver decodeObject];
-  }
+  OvTestForeignReader *reader =
+      roundTripAs(cell, [HXMultiImageCell class], [OvTestForeignReader class], GetParam());
   ASSERT_TRUE([reader isKindOfClass:[OvTestForeignReader class]]);
   EXPECT_TRUE([reader->images isKindOfClass:[NSMutableDictionary class]]);
   EXPECT_EQ(pictureOfImage([reader->images objectForKey:@"a"]).at(0, 0), kRed);
@@ -379,19 +368,8 @@ TEST_P(MultiImageCellArchive, TakesWhatItCanFromForeignArchives) {
     SCOPED_TRACE(row.name);
     OvTestForeignCell *cell = [[[OvTestForeignCell alloc] initTextCell:@""] autorelease];
     cell->images = row.images;
-    HXMultiImageCell *read;
-    if (GetParam() == Coding::keyed) {
-      NSData *data = [NSKeyedArchiver archivedDataWithRootObject:cell];
-      NSKeyedUnarchiver *unarchiver =
-          [[[NSKeyedUnarchiver alloc] initForReadingWithData:data] autorelease];
-      [unarchiver setClass:[HXMultiImageCell class] forClassName:@"OvTestForeignCell"];
-      read = [unarchiver decodeObjectForKey:@"root"];
-    } else {
-      NSData *data = [NSArchiver archivedDataWithRootObject:cell];
-      NSUnarchiver *unarchiver = [[[NSUnarchiver alloc] initForReadingWithData:data] autorelease];
-      [unarchiver decodeClassName:@"OvTestForeignCell" asClassName:@"HXMultiImageCell"];
-      read = [unarchiver decodeObject];
-    }
+    HXMultiImageCell *read =
+        roundTripAs(cell, [OvTestForeignCell class], [HXMultiImageCell class], GetParam());
     ASSERT_TRUE([read isMemberOfClass:[HXMultiImageCell class]]);
     EXPECT_EQ([[read valueForKey:@"_images"] count], row.count);
     EXPECT_TRUE([read drawsWhenDisabled]);

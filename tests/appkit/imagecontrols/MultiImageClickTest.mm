@@ -255,15 +255,7 @@ TEST_F(MultiImageClick, PopsUpTheDelegatesMenu) {
     EXPECT_EQ(menus.menu(), delegate->menu);
     EXPECT_EQ(menus.view(), button);
     EXPECT_EQ(menus.location(), inWindow(button, NSMakePoint(50, 57)));
-    NSEvent *opening = menus.event();
-    EXPECT_EQ([opening type], NSLeftMouseDown);
-    EXPECT_EQ([opening modifierFlags], [event modifierFlags]);
-    EXPECT_EQ([opening timestamp], [event timestamp]);
-    EXPECT_EQ([opening windowNumber], [event windowNumber]);
-    EXPECT_EQ([opening context], [event context]);
-    EXPECT_EQ([opening eventNumber], [event eventNumber]);
-    EXPECT_EQ([opening clickCount], 2);
-    EXPECT_EQ([opening pressure], [event pressure]);
+    expectLike(event, menus.event());
     EXPECT_THAT(takeEvents(), IsEmpty()) << "the action is not sent";
     EXPECT_EQ(shown(button), tracking ? "mouse over" : "default");
   }

@@ -39,6 +39,9 @@ NSImage *filledImage(NSSize size, NSColor *color);
 // The upper half red, the lower half blue, as a person sees it.
 NSImage *redOverBlue(NSSize size);
 
+// That an event opens a menu as the press that it is made from, which was a double click.
+void expectLike(NSEvent *press, NSEvent *opening);
+
 inline constexpr NSSize kImageSize = {10, 6};
 
 // Tests of buttons with four images: green at rest, red pressed, blue under the mouse, black

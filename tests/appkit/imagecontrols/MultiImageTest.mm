@@ -48,16 +48,7 @@ namespace {
 
 NSBitmapImageRep *bitmap(NSSize size, NSColor *upper, NSColor *lower) {
   const int width = static_cast<int>(size.width), height = static_cast<int>(size.height);
-  NSBitmapImageRep *rep = [[[NSBitmapImageRep alloc] initWithBitmapDataPlanes:NULL
-                                                                   pixelsWide:width
-                                                                   pixelsHigh:height
-                                                                bitsPerSample:8
-                                                              samplesPerPixel:4
-                                                                     hasAlpha:YES
-                                                                     isPlanar:NO
-                                                               colorSpaceName:NSDeviceRGBColorSpace
-                                                                  bytesPerRow:0
-                                                                 bitsPerPixel:0] autorelease];
+  NSBitmapImageRep *rep = emptyBitmap(width, height);
   unsigned char *p = [rep bitmapData];
   for (int y = 0; y < height; y++) {
     NSColor *color =
@@ -83,6 +74,17 @@ NSImage *imageOf(NSSize size, NSColor *upper, NSColor *lower) {
 NSImage *filledImage(NSSize size, NSColor *color) { return imageOf(size, color, color); }
 
 NSImage *redOverBlue(NSSize size) { return imageOf(size, [NSColor redColor], [NSColor blueColor]); }
+
+void expectLike(NSEvent *press, NSEvent *opening) {
+  EXPECT_EQ([opening type], NSLeftMouseDown);
+  EXPECT_EQ([opening modifierFlags], [press modifierFlags]);
+  EXPECT_EQ([opening timestamp], [press timestamp]);
+  EXPECT_EQ([opening windowNumber], [press windowNumber]);
+  EXPECT_EQ([opening context], [press context]);
+  EXPECT_EQ([opening eventNumber], [press eventNumber]);
+  EXPECT_EQ([opening clickCount], 2);
+  EXPECT_EQ([opening pressure], [press pressure]);
+}
 
 void MultiImageTest::SetUp() { LiveTest::SetUp(); }
 

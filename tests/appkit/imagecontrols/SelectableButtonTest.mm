@@ -131,15 +131,7 @@ TEST_F(SelectableButton, ShowsItsMenuAtOnce) {
   EXPECT_EQ(menus.menu(), [button menu]);
   EXPECT_EQ(menus.view(), button);
   EXPECT_EQ(menus.location(), inWindow(button, 0, 10)) << "the middle of the left edge";
-  NSEvent *opening = menus.event();
-  EXPECT_EQ([opening type], NSLeftMouseDown);
-  EXPECT_EQ([opening modifierFlags], [event modifierFlags]);
-  EXPECT_EQ([opening timestamp], [event timestamp]);
-  EXPECT_EQ([opening windowNumber], [event windowNumber]);
-  EXPECT_EQ([opening context], [event context]);
-  EXPECT_EQ([opening eventNumber], [event eventNumber]);
-  EXPECT_EQ([opening clickCount], 2);
-  EXPECT_EQ([opening pressure], [event pressure]);
+  expectLike(event, menus.event());
   EXPECT_THAT(takeEvents(), ElementsAre("highlight", "no highlight"));
   [button setBounds:NSMakeRect(100, 200, 30, 20)];
   [button mouseDown:event];

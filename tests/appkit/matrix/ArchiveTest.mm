@@ -2,9 +2,8 @@
 
 #import "GridTest.h"
 
-#import <GNUstepGUI/GSGormLoading.h>
-
-#import "Supervisor.h"
+#import "Coding.h"
+#import "InterfaceFiles.h"
 
 using namespace ov::test;
 
@@ -57,16 +56,6 @@ using namespace ov::test;
 @end
 
 namespace {
-
-enum class Coding { keyed, sequential };
-
-id roundTrip(id object, Coding coding) {
-  if (coding == Coding::keyed) {
-    return [NSKeyedUnarchiver
-        unarchiveObjectWithData:[NSKeyedArchiver archivedDataWithRootObject:object]];
-  }
-  return [NSUnarchiver unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:object]];
-}
 
 class GridArchive : public GridTest, public testing::WithParamInterface<Coding> {};
 
@@ -204,17 +193,9 @@ TEST_P(GridArchive, ItsDocumentRoleSurvives) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Codings, GridArchive, testing::Values(Coding::keyed, Coding::sequential),
-                         [](const auto &info) {
-                           return info.param == Coding::keyed ? "keyed" : "sequential";
-                         });
+                         codingName);
 
-class GridInterfaceFile : public GridTest {
- protected:
-  NSString *path(NSString *name) {
-    return [[NSString stringWithUTF8String:privateFolder().c_str()]
-        stringByAppendingPathComponent:name];
-  }
-};
+class GridInterfaceFile : public GridTest {};
 
 TEST_F(GridInterfaceFile, ASourceInASequentialArchiveStaysConnected) {
   OvTestGrid *grid = makeGrid(0);
@@ -238,24 +219,13 @@ TEST_F(GridInterfaceFile, ASourceInASequentialArchiveStaysConnected) {
 }
 
 TEST_F(GridInterfaceFile, AnXMLFileMakesAndConnectsOne) {
-  NSString *xml =
-      @"<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
-      @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
-      @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
-      @"<customObject id=\"-2\" userLabel=\"File's Owner\" customClass=\"OvTestNibOwner\">"
-      @"<connections><outlet property=\"grid\" destination=\"v1\" id=\"o1\"/></connections>"
-      @"</customObject>"
-      @"<customView id=\"v1\" customClass=\"OvMatrixView\">"
-      @"<rect key=\"frame\" x=\"0.0\" y=\"0.0\" width=\"300\" height=\"200\"/>"
-      @"<connections><outlet property=\"dataSource\" destination=\"-2\" id=\"o2\"/>"
-      @"<outlet property=\"delegate\" destination=\"-2\" id=\"o3\"/></connections>"
-      @"</customView></objects></document>";
-  NSString *file = path(@"Grid.xib");
-  ASSERT_TRUE([xml writeToFile:file atomically:NO encoding:NSUTF8StringEncoding error:NULL]);
+  NSString *objects = @"<customView id=\"v1\" customClass=\"OvMatrixView\">"
+                      @"<rect key=\"frame\" x=\"0.0\" y=\"0.0\" width=\"300\" height=\"200\"/>"
+                      @"<connections><outlet property=\"dataSource\" destination=\"-2\" id=\"o2\"/>"
+                      @"<outlet property=\"delegate\" destination=\"-2\" id=\"o3\"/></connections>"
+                      @"</customView>";
   OvTestNibOwner *owner = [[[OvTestNibOwner alloc] init] autorelease];
-  ASSERT_TRUE([NSBundle loadNibFile:file
-                  externalNameTable:@{@"NSOwner" : owner}
-                           withZone:NSDefaultMallocZone()]);
+  ASSERT_TRUE(loadXib(owner, @{@"grid" : @"v1"}, objects));
   ASSERT_TRUE([owner->grid isMemberOfClass:[OvMatrixView class]]);
   EXPECT_EQ([owner->grid dataSource], owner);
   EXPECT_EQ([owner->grid delegate], owner);
@@ -271,34 +241,12 @@ TEST_F(GridInterfaceFile, AnObjectArchiveFileMakesAndConnectsOne) {
       [[[HXMatrixView alloc] initWithFrame:NSMakeRect(0, 0, 200, 200)] autorelease];
   [made setAutoFitHorizentally:NO];
   [made setCellSize:NSMakeSize(40, 30)];
-  GSNibContainer *container = [[[GSNibContainer alloc] init] autorelease];
-  [[container nameTable] setObject:made forKey:@"Grid"];
-  [[container topLevelObjects] addObject:made];
-  auto connect = [&](NSString *source, NSString *label, NSString *destination) {
-    NSNibOutletConnector *outlet = [[[NSNibOutletConnector alloc] init] autorelease];
-    [outlet setSource:source];
-    [outlet setLabel:label];
-    [outlet setDestination:destination];
-    [[container connections] addObject:outlet];
-  };
-  connect(@"NSOwner", @"grid", @"Grid");
-  connect(@"Grid", @"dataSource", @"NSOwner");
-  NSString *folder = path(@"Grid.gorm");
-  [[NSFileManager defaultManager] createDirectoryAtPath:folder
-                            withIntermediateDirectories:YES
-                                             attributes:nil
-                                                  error:NULL];
-  ASSERT_TRUE([NSArchiver
-      archiveRootObject:container
-                 toFile:[folder stringByAppendingPathComponent:@"objects.gorm"]]);
-  [@"{ }" writeToFile:[folder stringByAppendingPathComponent:@"data.classes"]
-           atomically:NO
-             encoding:NSUTF8StringEncoding
-                error:NULL];
+  GormFile file;
+  file.add(@"Grid", made);
+  file.outlet(@"NSOwner", @"grid", @"Grid");
+  file.outlet(@"Grid", @"dataSource", @"NSOwner");
   OvTestNibOwner *owner = [[[OvTestNibOwner alloc] init] autorelease];
-  ASSERT_TRUE([NSBundle loadNibFile:folder
-                  externalNameTable:@{@"NSOwner" : owner}
-                           withZone:NSDefaultMallocZone()]);
+  ASSERT_TRUE(file.load(owner));
   ASSERT_TRUE([owner->grid isMemberOfClass:[HXMatrixView class]]);
   EXPECT_NE(owner->grid, made);
   EXPECT_EQ([owner->grid dataSource], owner);

@@ -2,11 +2,10 @@
 // tell of their tracking.
 
 #import <GNUstepGUI/GSGormLoading.h>
-#import <GNUstepGUI/GSNibLoading.h>
 
 #import "Coding.h"
+#import "InterfaceFiles.h"
 #import "ScrollViewTest.h"
-#import "Supervisor.h"
 
 using namespace ov::test;
 using testing::ElementsAre;
@@ -234,31 +233,9 @@ TEST_P(ScrollViewArchive, DamagedOnesAreSurvived) {
 
 class ScrollViewFile : public ScrollViewTest {
  protected:
-  NSString *pathOf(NSString *name) {
-    return [[NSString stringWithUTF8String:privateFolder().c_str()]
-        stringByAppendingPathComponent:name];
-  }
-
-  HXScrollView *load(NSString *path) {
-    NSNib *nib = [[[NSNib alloc] initWithContentsOfURL:[NSURL fileURLWithPath:path]] autorelease];
-    OvTestScrollNibOwner *owner = [[[OvTestScrollNibOwner alloc] init] autorelease];
-    NSArray *objects = nil;
-    EXPECT_TRUE([nib instantiateNibWithOwner:owner topLevelObjects:&objects]);
-    return owner->scroll;
-  }
-
-  HXScrollView *loadXib(NSString *attributes, NSString *scrollerClass) {
-    NSString *text = [NSString
+  HXScrollView *fromXib(NSString *attributes, NSString *scrollerClass) {
+    NSString *objects = [NSString
         stringWithFormat:
-            @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
-            @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
-            @"<customObject id=\"-2\" userLabel=\"File's Owner\" "
-            @"customClass=\"OvTestScrollNibOwner\"><connections>"
-            @"<outlet property=\"scroll\" destination=\"s1\" id=\"o1\"/></connections>"
-            @"</customObject>"
-            @"<customObject id=\"-1\" userLabel=\"First Responder\" "
-            @"customClass=\"FirstResponder\"/>"
-            @"<customObject id=\"-3\" userLabel=\"Application\" customClass=\"NSObject\"/>"
             @"<scrollView id=\"s1\" customClass=\"HXScrollView\" %@>"
             @"<rect key=\"frame\" x=\"10\" y=\"20\" width=\"200\" height=\"150\"/>"
             @"<clipView key=\"contentView\" id=\"c1\">"
@@ -270,31 +247,18 @@ class ScrollViewFile : public ScrollViewTest {
             @"<rect key=\"frame\" x=\"1\" y=\"132\" width=\"180\" height=\"16\"/></scroller>"
             @"<scroller key=\"verticalScroller\" horizontal=\"NO\" id=\"v1\"%@>"
             @"<rect key=\"frame\" x=\"182\" y=\"1\" width=\"16\" height=\"130\"/></scroller>"
-            @"</scrollView></objects></document>",
+            @"</scrollView>",
             attributes, scrollerClass, scrollerClass];
-    NSString *path = pathOf(@"Scroll.xib");
-    EXPECT_TRUE([[text dataUsingEncoding:NSUTF8StringEncoding] writeToFile:path atomically:NO]);
-    return load(path);
+    EXPECT_TRUE(loadXib(owner, @{@"scroll" : @"s1"}, objects));
+    return owner->scroll;
   }
 
-  HXScrollView *loadGorm(id object) {
-    GSNibContainer *container = [[[GSNibContainer alloc] init] autorelease];
-    [[container nameTable] setObject:object forKey:@"Scroll"];
-    [[container topLevelObjects] addObject:object];
-    NSNibOutletConnector *outlet = [[[NSNibOutletConnector alloc] init] autorelease];
-    [outlet setSource:@"NSOwner"];
-    [outlet setDestination:@"Scroll"];
-    [outlet setLabel:@"scroll"];
-    [[container connections] addObject:outlet];
-    NSString *path = pathOf(@"Scroll.gorm");
-    [[NSFileManager defaultManager] createDirectoryAtPath:path
-                              withIntermediateDirectories:YES
-                                               attributes:nil
-                                                    error:NULL];
-    EXPECT_TRUE([[NSArchiver archivedDataWithRootObject:container]
-        writeToFile:[path stringByAppendingPathComponent:@"objects.gorm"]
-         atomically:NO]);
-    return load(path);
+  HXScrollView *fromGorm(id object) {
+    GormFile file;
+    file.add(@"Scroll", object);
+    file.outlet(@"NSOwner", @"scroll", @"Scroll");
+    EXPECT_TRUE(file.load(owner));
+    return owner->scroll;
   }
 
   void expectToTell(HXScrollView *scroll) {
@@ -306,12 +270,14 @@ class ScrollViewFile : public ScrollViewTest {
     EXPECT_THAT([delegate summary], ElementsAre("will v 2", "scroll...", "did v 2", "will h 2",
                                                 "scroll...", "did h 2"));
   }
+
+  OvTestScrollNibOwner *owner = [[[OvTestScrollNibOwner alloc] init] autorelease];
 };
 
-TEST_F(ScrollViewFile, AXibHasScrollersOfThePlatform) { expectToTell(loadXib(@"", @"")); }
+TEST_F(ScrollViewFile, AXibHasScrollersOfThePlatform) { expectToTell(fromXib(@"", @"")); }
 
 TEST_F(ScrollViewFile, AXibMayHaveOurs) {
-  HXScrollView *scroll = loadXib(@"", @" customClass=\"HXScroller\"");
+  HXScrollView *scroll = fromXib(@"", @" customClass=\"HXScroller\"");
   ASSERT_EQ([[scroll verticalScroller] class], [HXScroller class]);
   EXPECT_EQ([(HXScroller *)[scroll verticalScroller] delegate], nil);
   EXPECT_EQ([(HXScroller *)[scroll horizontalScroller] delegate], nil);
@@ -322,14 +288,14 @@ TEST_F(ScrollViewFile, AXibMayHaveOurs) {
 }
 
 TEST_F(ScrollViewFile, AXibMayHaveOneDirectionOnly) {
-  HXScrollView *scroll = loadXib(@"hasHorizontalScroller=\"NO\"", @"");
+  HXScrollView *scroll = fromXib(@"hasHorizontalScroller=\"NO\"", @"");
   EXPECT_EQ([(HXScroller *)[scroll verticalScroller] delegate], scroll);
   EXPECT_EQ([scroll horizontalScroller], nil);
   EXPECT_EQ(layoutFault(scroll), "");
 }
 
 TEST_F(ScrollViewFile, AXibMayHideThem) {
-  HXScrollView *scroll = loadXib(@"autohidesScrollers=\"YES\" borderType=\"none\"", @"");
+  HXScrollView *scroll = fromXib(@"autohidesScrollers=\"YES\" borderType=\"none\"", @"");
   EXPECT_TRUE([scroll autohidesScrollers]);
   EXPECT_TRUE([scroll hasVerticalScroller]);
   [[scroll documentView] setFrameSize:NSMakeSize(10, 10)];
@@ -341,18 +307,18 @@ TEST_F(ScrollViewFile, AXibMayHideThem) {
 TEST_F(ScrollViewFile, AGormFileHasAScrollViewOfThePlatform) {
   NSScrollView *written =
       makeWith<NSScrollView>([NSScrollView class], [NSScroller class], [NSScroller class]);
-  expectToTell(loadGorm([[[GSViewTemplate alloc] initWithObject:written
+  expectToTell(fromGorm([[[GSViewTemplate alloc] initWithObject:written
                                                       className:@"HXScrollView"
                                                  superClassName:@"NSScrollView"] autorelease]));
 }
 
 TEST_F(ScrollViewFile, AGormFileHasOursWithScrollersOfThePlatform) {
-  expectToTell(loadGorm(makeWith([HXScrollView class], [NSScroller class], [NSScroller class])));
+  expectToTell(fromGorm(makeWith([HXScrollView class], [NSScroller class], [NSScroller class])));
 }
 
 TEST_F(ScrollViewFile, AGormFileMayHaveOurs) {
   HXScrollView *scroll =
-      loadGorm(makeWith([HXScrollView class], [HXScroller class], [HXScroller class]));
+      fromGorm(makeWith([HXScrollView class], [HXScroller class], [HXScroller class]));
   EXPECT_EQ([[scroll verticalScroller] class], [HXScroller class]);
   EXPECT_EQ([(HXScroller *)[scroll verticalScroller] delegate], nil);
   EXPECT_EQ(layoutFault(scroll), "");
@@ -361,44 +327,14 @@ TEST_F(ScrollViewFile, AGormFileMayHaveOurs) {
 TEST_F(ScrollViewFile, AKeyedArchiveOfThePlatformsScrollViewIsReadAsOurs) {
   NSScrollView *written =
       makeWith<NSScrollView>([NSScrollView class], [NSScroller class], [NSScroller class]);
-  NSMutableData *data = [NSMutableData data];
-  NSKeyedArchiver *archiver =
-      [[[NSKeyedArchiver alloc] initForWritingWithMutableData:data] autorelease];
-  [archiver setClassName:@"HXScrollView" forClass:[NSScrollView class]];
-  [archiver encodeObject:written forKey:@"root"];
-  [archiver finishEncoding];
-  NSKeyedUnarchiver *unarchiver =
-      [[[NSKeyedUnarchiver alloc] initForReadingWithData:data] autorelease];
-  expectToTell([unarchiver decodeObjectForKey:@"root"]);
+  expectToTell(roundTripAs(written, [NSScrollView class], [HXScrollView class], Coding::keyed));
 }
 
 TEST_F(ScrollViewFile, ANibFileHasScrollersOfThePlatform) {
-  NSIBObjectData *container = [[[NSIBObjectData alloc] init] autorelease];
-  NSCustomObject *owner = [[[NSCustomObject alloc] init] autorelease];
-  [owner setClassName:@"OvTestScrollNibOwner"];
-  [container setRoot:owner];
   HXScrollView *written = makeWith([HXScrollView class], [NSScroller class], [NSScroller class]);
-  NSMapInsert([container objects], written, owner);
-  NSMapInsert([container oids], written, @1);
-  NSMapInsert([container oids], owner, @(-1));
-  NSNibOutletConnector *outlet = [[[NSNibOutletConnector alloc] init] autorelease];
-  [outlet setSource:owner];
-  [outlet setDestination:written];
-  [outlet setLabel:@"scroll"];
-  [[container connections] addObject:outlet];
-  NSMutableData *data = [NSMutableData data];
-  NSKeyedArchiver *archiver =
-      [[[NSKeyedArchiver alloc] initForWritingWithMutableData:data] autorelease];
-  [archiver encodeObject:container forKey:@"IB.objectdata"];
-  [archiver finishEncoding];
-  NSString *path = pathOf(@"Scroll.nib");
-  [[NSFileManager defaultManager] createDirectoryAtPath:path
-                            withIntermediateDirectories:YES
-                                             attributes:nil
-                                                  error:NULL];
-  ASSERT_TRUE([data writeToFile:[path stringByAppendingPathComponent:@"keyedobjects.nib"]
-                     atomically:NO]);
-  expectToTell(load(path));
+  NSData *data = nibData(@"OvTestScrollNibOwner", @{@"scroll" : written}, @[ written ]);
+  ASSERT_TRUE(loadInterface(@"nib", data, owner));
+  expectToTell(owner->scroll);
 }
 
 }  // namespace

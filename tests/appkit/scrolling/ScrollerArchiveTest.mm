@@ -1,8 +1,8 @@
 // Scrollers from archives and interface files.
 
 #import "Coding.h"
+#import "InterfaceFiles.h"
 #import "ScrollerTest.h"
-#include "Supervisor.h"
 
 using namespace ov::test;
 
@@ -69,24 +69,12 @@ INSTANTIATE_TEST_SUITE_P(Both, ScrollerArchive, testing::Values(Coding::keyed, C
 class ScrollerInterfaceFile : public ScrollerTest {};
 
 TEST_F(ScrollerInterfaceFile, AnXMLFileMakesOne) {
-  NSString *xml =
-      @"<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
-      @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
-      @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
-      @"<customObject id=\"-2\" userLabel=\"File's Owner\" customClass=\"OvTestScrollerOwner\">"
-      @"<connections><outlet property=\"scroller\" destination=\"s1\" id=\"o1\"/></connections>"
-      @"</customObject>"
+  NSString *objects =
       @"<scroller id=\"s1\" customClass=\"HXScroller\" horizontal=\"NO\" doubleValue=\"0.5\" "
       @"knobProportion=\"0.25\">"
-      @"<rect key=\"frame\" x=\"5.0\" y=\"6.0\" width=\"18\" height=\"120\"/>"
-      @"</scroller></objects></document>";
-  NSString *file = [[NSString stringWithUTF8String:privateFolder().c_str()]
-      stringByAppendingPathComponent:@"Scroller.xib"];
-  ASSERT_TRUE([xml writeToFile:file atomically:NO encoding:NSUTF8StringEncoding error:NULL]);
+      @"<rect key=\"frame\" x=\"5.0\" y=\"6.0\" width=\"18\" height=\"120\"/></scroller>";
   OvTestScrollerOwner *owner = [[[OvTestScrollerOwner alloc] init] autorelease];
-  ASSERT_TRUE([NSBundle loadNibFile:file
-                  externalNameTable:@{@"NSOwner" : owner}
-                           withZone:NSDefaultMallocZone()]);
+  ASSERT_TRUE(loadXib(owner, @{@"scroller" : @"s1"}, objects));
   ASSERT_TRUE([owner->scroller isMemberOfClass:[HXScroller class]]);
   EXPECT_EQ([owner->scroller frame].size, NSMakeSize(18, 120));
   EXPECT_EQ([owner->scroller appearance], HXScrollerAppearanceDefault);

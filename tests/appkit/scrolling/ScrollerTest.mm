@@ -104,16 +104,7 @@ NSImage *imageOfPart(NSString *part, bool horizontal) {
   const int width = static_cast<int>(size.width);
   const int height = static_cast<int>(size.height);
   const int states = statesOf(part);
-  NSBitmapImageRep *rep = [[[NSBitmapImageRep alloc] initWithBitmapDataPlanes:NULL
-                                                                   pixelsWide:width * states
-                                                                   pixelsHigh:height
-                                                                bitsPerSample:8
-                                                              samplesPerPixel:4
-                                                                     hasAlpha:YES
-                                                                     isPlanar:NO
-                                                               colorSpaceName:NSDeviceRGBColorSpace
-                                                                  bytesPerRow:0
-                                                                 bitsPerPixel:0] autorelease];
+  NSBitmapImageRep *rep = emptyBitmap(width * states, height);
   for (int state = 0; state < states; ++state) {
     const Pixel color = PartImages::color(part, state);
     for (int y = 0; y < height; ++y) {

@@ -2,7 +2,8 @@
 
 #import "SplitTest.h"
 
-#import <GNUstepGUI/GSGormLoading.h>
+#import "Coding.h"
+#import "InterfaceFiles.h"
 
 using namespace ov::test;
 using testing::ElementsAre;
@@ -39,8 +40,6 @@ using testing::ElementsAre;
 
 namespace {
 
-enum class Coding { keyed, sequential };
-
 NSData *archive(id object, Coding coding) {
   return coding == Coding::keyed ? [NSKeyedArchiver archivedDataWithRootObject:object]
                                  : [NSArchiver archivedDataWithRootObject:object];
@@ -53,9 +52,7 @@ id unarchive(NSData *data, Coding coding) {
 class SplitArchive : public SplitTest, public testing::WithParamInterface<Coding> {};
 
 INSTANTIATE_TEST_SUITE_P(Codings, SplitArchive, testing::Values(Coding::keyed, Coding::sequential),
-                         [](const auto &info) {
-                           return info.param == Coding::keyed ? "keyed" : "sequential";
-                         });
+                         codingName);
 
 TEST_P(SplitArchive, KeepsOrientationAndPanes) {
   OvSplitView *split = makeSplit({98, 196});
@@ -125,21 +122,11 @@ TEST_F(SplitSequentialArchive, InterfaceFileConnectsIt) {
   OvSplitView *split = makeSplit({98, 196});
   [[split retain] autorelease];
   [split removeFromSuperview];
-  const auto add = [](GSNibContainer *container, id source, id target, NSString *label) {
-    NSNibOutletConnector *connector = [[[NSNibOutletConnector alloc] init] autorelease];
-    [connector setSource:source];
-    [connector setDestination:target];
-    [connector setLabel:label];
-    [[container connections] addObject:connector];
-  };
-  GSNibContainer *container = [[[GSNibContainer alloc] init] autorelease];
-  [[container topLevelObjects] addObject:split];
-  [[container nameTable] setObject:split forKey:@"Split"];
-  add(container, @"NSOwner", @"Split", @"split");
-  GSNibContainer *read =
-      [NSUnarchiver unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:container]];
+  GormFile file;
+  file.add(@"Split", split);
+  file.outlet(@"NSOwner", @"split", @"Split");
   OvTestSplitNibOwner *owner = [[[OvTestSplitNibOwner alloc] init] autorelease];
-  [read awakeWithContext:[NSDictionary dictionaryWithObject:owner forKey:@"NSOwner"]];
+  ASSERT_TRUE(file.load(owner));
   ASSERT_NE(owner->split, nil);
   EXPECT_EQ(spans(owner->split), "0+98 104+196");
   EXPECT_THAT(dividers(owner->split), ElementsAre(NSMakeRect(98, 0, 6, 200)));

@@ -6,8 +6,8 @@
 #import <OvAppKit/OvTextField.h>
 
 #import "Coding.h"
+#import "InterfaceFiles.h"
 #import "LiveTest.h"
-#include "Supervisor.h"
 
 using namespace ov::test;
 using testing::ElementsAre;
@@ -648,24 +648,13 @@ TEST_P(CollapsingViewArchive, AFoldedViewComesBackUnfolded) {
 namespace {
 
 TEST_F(CollapsingView, AnInterfaceFileMakesAndConnectsOne) {
-  NSString *xml =
-      @"<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
-      @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
-      @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
-      @"<customObject id=\"-2\" userLabel=\"File's Owner\" customClass=\"OvTestFoldingOwner\">"
-      @"<connections><outlet property=\"box\" destination=\"v1\" id=\"o1\"/></connections>"
-      @"</customObject>"
+  NSString *objects =
       @"<customView id=\"v1\" customClass=\"OvCollapsingView\">"
       @"<rect key=\"frame\" x=\"0.0\" y=\"0.0\" width=\"300\" height=\"200\"/>"
       @"<connections><outlet property=\"delegate\" destination=\"-2\" id=\"o2\"/></connections>"
-      @"</customView></objects></document>";
-  NSString *file = [[NSString stringWithUTF8String:privateFolder().c_str()]
-      stringByAppendingPathComponent:@"Folding.xib"];
-  ASSERT_TRUE([xml writeToFile:file atomically:NO encoding:NSUTF8StringEncoding error:NULL]);
+      @"</customView>";
   OvTestFoldingOwner *owner = [[[OvTestFoldingOwner alloc] init] autorelease];
-  ASSERT_TRUE([NSBundle loadNibFile:file
-                  externalNameTable:@{@"NSOwner" : owner}
-                           withZone:NSDefaultMallocZone()]);
+  ASSERT_TRUE(loadXib(owner, @{@"box" : @"v1"}, objects));
   ASSERT_TRUE([owner->box isMemberOfClass:[OvCollapsingView class]]);
   [owner->box setCollapsed:YES];
   EXPECT_EQ(owner->lines.size(), 2u);

@@ -7,8 +7,8 @@
 #include <functional>
 
 #import "Coding.h"
+#import "InterfaceFiles.h"
 #import "LiveTest.h"
-#include "Supervisor.h"
 
 using namespace ov::test;
 
@@ -330,23 +330,10 @@ class SimpleViewInterfaceFile : public LiveTest {};
 namespace {
 
 TEST_F(SimpleViewInterfaceFile, AnXMLFileMakesOne) {
-  NSString *xml =
-      @"<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
-      @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
-      @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
-      @"<customObject id=\"-2\" userLabel=\"File's Owner\" customClass=\"OvTestSimpleOwner\">"
-      @"<connections><outlet property=\"simple\" destination=\"v1\" id=\"o1\"/></connections>"
-      @"</customObject>"
-      @"<customView id=\"v1\" customClass=\"OvSimpleView\">"
-      @"<rect key=\"frame\" x=\"5.0\" y=\"6.0\" width=\"30\" height=\"20\"/>"
-      @"</customView></objects></document>";
-  NSString *file = [[NSString stringWithUTF8String:privateFolder().c_str()]
-      stringByAppendingPathComponent:@"Simple.xib"];
-  ASSERT_TRUE([xml writeToFile:file atomically:NO encoding:NSUTF8StringEncoding error:NULL]);
+  NSString *objects = @"<customView id=\"v1\" customClass=\"OvSimpleView\"><rect key=\"frame\" "
+                      @"x=\"5.0\" y=\"6.0\" width=\"30\" height=\"20\"/></customView>";
   OvTestSimpleOwner *owner = [[[OvTestSimpleOwner alloc] init] autorelease];
-  ASSERT_TRUE([NSBundle loadNibFile:file
-                  externalNameTable:@{@"NSOwner" : owner}
-                           withZone:NSDefaultMallocZone()]);
+  ASSERT_TRUE(loadXib(owner, @{@"simple" : @"v1"}, objects));
   ASSERT_TRUE([owner->simple isMemberOfClass:[OvSimpleView class]]);
   EXPECT_EQ([owner->simple frame].size, NSMakeSize(30, 20));
   EXPECT_EQ([owner->simple labelFontSize], 24);

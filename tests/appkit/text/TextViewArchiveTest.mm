@@ -1,8 +1,7 @@
 // A text view that goes through an archive or an interface file.
 
-#import <GNUstepGUI/GSGormLoading.h>
-
-#import "Supervisor.h"
+#import "Coding.h"
+#import "InterfaceFiles.h"
 #import "TextViewTest.h"
 
 using namespace ov::test;
@@ -34,16 +33,6 @@ using ::testing::ElementsAre;
 @end
 
 namespace {
-
-enum class Coding { keyed, sequential };
-
-id roundTrip(id object, Coding coding) {
-  if (coding == Coding::keyed) {
-    return [NSKeyedUnarchiver
-        unarchiveObjectWithData:[NSKeyedArchiver archivedDataWithRootObject:object]];
-  }
-  return [NSUnarchiver unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:object]];
-}
 
 class TextViewInterface : public TextViewTest {
  protected:
@@ -93,9 +82,7 @@ TEST_P(TextViewArchive, ComesBackTwice) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Codings, TextViewArchive,
-                         testing::Values(Coding::keyed, Coding::sequential), [](const auto &info) {
-                           return info.param == Coding::keyed ? "Keyed" : "Sequential";
-                         });
+                         testing::Values(Coding::keyed, Coding::sequential), codingName);
 
 TEST_F(TextViewInterface, AKeyedArchiveKeepsTheText) {
   OvTextView *made = plainView();
@@ -113,16 +100,9 @@ TEST_F(TextViewInterface, APlainTextViewsDelegateBecomesTheClient) {
   NSTextView *plain = [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)] autorelease];
   OvTestArchivedClient *client = [[[OvTestArchivedClient alloc] init] autorelease];
   [plain setDelegate:(id)client];
-  NSMutableData *data = [NSMutableData data];
-  NSKeyedArchiver *archiver =
-      [[[NSKeyedArchiver alloc] initForWritingWithMutableData:data] autorelease];
-  [archiver setClassName:@"OvTextView" forClass:[NSTextView class]];
-  [archiver encodeObject:@[ client, plain ] forKey:@"root"];
-  [archiver finishEncoding];
+  NSArray *both =
+      roundTripAs(@[ client, plain ], [NSTextView class], [OvTextView class], Coding::keyed);
   [plain setDelegate:nil];
-  NSKeyedUnarchiver *unarchiver =
-      [[[NSKeyedUnarchiver alloc] initForReadingWithData:data] autorelease];
-  NSArray *both = [unarchiver decodeObjectForKey:@"root"];
   OvTextView *copy = [both objectAtIndex:1];
   ASSERT_TRUE([copy isMemberOfClass:[OvTextView class]]);
   EXPECT_EQ([copy myDelegate], [both objectAtIndex:0]);
@@ -133,29 +113,14 @@ TEST_F(TextViewInterface, APlainTextViewsDelegateBecomesTheClient) {
   [copy setDelegate:nil];
 }
 
-NSString *path(NSString *name) {
-  return
-      [[NSString stringWithUTF8String:privateFolder().c_str()] stringByAppendingPathComponent:name];
-}
-
 TEST_F(TextViewInterface, AnXMLFileMakesAndConnectsOne) {
-  NSString *xml =
-      @"<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
-      @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
-      @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
-      @"<customObject id=\"-2\" userLabel=\"File's Owner\" customClass=\"OvTestTextOwner\">"
-      @"<connections><outlet property=\"view\" destination=\"v1\" id=\"o1\"/></connections>"
-      @"</customObject>"
+  NSString *objects =
       @"<textView id=\"v1\" customClass=\"OvTextView\" editable=\"YES\">"
       @"<rect key=\"frame\" x=\"0.0\" y=\"0.0\" width=\"300\" height=\"200\"/>"
       @"<connections><outlet property=\"delegate\" destination=\"-2\" id=\"o3\"/></connections>"
-      @"</textView></objects></document>";
-  NSString *file = path(@"Text.xib");
-  ASSERT_TRUE([xml writeToFile:file atomically:NO encoding:NSUTF8StringEncoding error:NULL]);
+      @"</textView>";
   OvTestTextOwner *owner = [[[OvTestTextOwner alloc] init] autorelease];
-  ASSERT_TRUE([NSBundle loadNibFile:file
-                  externalNameTable:@{@"NSOwner" : owner}
-                           withZone:NSDefaultMallocZone()]);
+  ASSERT_TRUE(loadXib(owner, @{@"view" : @"v1"}, objects));
   ASSERT_TRUE([owner->view isMemberOfClass:[OvTextView class]]);
   EXPECT_EQ([owner->view myDelegate], owner);
   EXPECT_EQ([owner->view delegate], owner -> view);
@@ -167,34 +132,12 @@ TEST_F(TextViewInterface, AnXMLFileMakesAndConnectsOne) {
 
 TEST_F(TextViewInterface, AnObjectArchiveFileMakesAndConnectsOne) {
   OvTextView *made = plainView();
-  GSNibContainer *container = [[[GSNibContainer alloc] init] autorelease];
-  [[container nameTable] setObject:made forKey:@"Text"];
-  [[container topLevelObjects] addObject:made];
-  auto connect = [&](NSString *source, NSString *label, NSString *destination) {
-    NSNibOutletConnector *outlet = [[[NSNibOutletConnector alloc] init] autorelease];
-    [outlet setSource:source];
-    [outlet setLabel:label];
-    [outlet setDestination:destination];
-    [[container connections] addObject:outlet];
-  };
-  connect(@"NSOwner", @"view", @"Text");
-  connect(@"Text", @"delegate", @"NSOwner");
-  NSString *folder = path(@"Text.gorm");
-  [[NSFileManager defaultManager] createDirectoryAtPath:folder
-                            withIntermediateDirectories:YES
-                                             attributes:nil
-                                                  error:NULL];
-  ASSERT_TRUE([NSArchiver
-      archiveRootObject:container
-                 toFile:[folder stringByAppendingPathComponent:@"objects.gorm"]]);
-  [@"{ }" writeToFile:[folder stringByAppendingPathComponent:@"data.classes"]
-           atomically:NO
-             encoding:NSUTF8StringEncoding
-                error:NULL];
+  GormFile file;
+  file.add(@"Text", made);
+  file.outlet(@"NSOwner", @"view", @"Text");
+  file.outlet(@"Text", @"delegate", @"NSOwner");
   OvTestTextOwner *owner = [[[OvTestTextOwner alloc] init] autorelease];
-  ASSERT_TRUE([NSBundle loadNibFile:folder
-                  externalNameTable:@{@"NSOwner" : owner}
-                           withZone:NSDefaultMallocZone()]);
+  ASSERT_TRUE(file.load(owner));
   ASSERT_TRUE([owner->view isMemberOfClass:[OvTextView class]]);
   EXPECT_NE(owner->view, made);
   EXPECT_EQ([owner->view myDelegate], owner);

@@ -1,8 +1,7 @@
 // Validated controls from archives and interface files, and what their set-up does to them.
 
-#import <GNUstepGUI/GSGormLoading.h>
-
-#import "Supervisor.h"
+#import "Coding.h"
+#import "InterfaceFiles.h"
 #import "ValidatedControlTest.h"
 
 using namespace ov::test;
@@ -43,21 +42,7 @@ class ValidatedArchive : public ValidatedControlTest<Kind> {
   using Control = typename Kind::Control;
 
   static std::vector<Control *> roundTrips(Control *made) {
-    return {[NSKeyedUnarchiver
-                unarchiveObjectWithData:[NSKeyedArchiver archivedDataWithRootObject:made]],
-            [NSUnarchiver unarchiveObjectWithData:[NSArchiver archivedDataWithRootObject:made]]};
-  }
-
-  NSString *path(NSString *extension) {
-    return [[[NSString stringWithUTF8String:privateFolder().c_str()]
-        stringByAppendingPathComponent:[NSString stringWithUTF8String:Kind::kPrefix]]
-        stringByAppendingPathExtension:extension];
-  }
-
-  static bool load(NSString *file, OvTestFieldNibOwner *owner) {
-    return [NSBundle loadNibFile:file
-               externalNameTable:@{@"NSOwner" : owner}
-                        withZone:NSDefaultMallocZone()];
+    return {roundTrip(made, Coding::keyed), roundTrip(made, Coding::sequential)};
   }
 
   void postChange(Control *loaded) {
@@ -102,23 +87,14 @@ TYPED_TEST(ValidatedArchive, ADecodedControlIsTypedInto) {
 }
 
 TYPED_TEST(ValidatedArchive, AnXMLFileMakesAndConnectsOne) {
-  NSString *xml = [NSString
-      stringWithFormat:@"<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
-                       @"<document type=\"com.apple.InterfaceBuilder3.Cocoa.XIB\" version=\"3.0\" "
-                       @"targetRuntime=\"MacOSX.Cocoa\"><objects>"
-                       @"<customObject id=\"-2\" userLabel=\"File's Owner\" "
-                       @"customClass=\"OvTestFieldNibOwner\"><connections>"
-                       @"<outlet property=\"control\" destination=\"v1\" id=\"o1\"/></connections>"
-                       @"</customObject>"
-                       @"<customView id=\"v1\" customClass=\"%s\">"
+  NSString *objects = [NSString
+      stringWithFormat:@"<customView id=\"v1\" customClass=\"%s\">"
                        @"<rect key=\"frame\" x=\"0.0\" y=\"0.0\" width=\"120\" height=\"22\"/>"
                        @"<connections><outlet property=\"delegate\" destination=\"-2\" id=\"o2\"/>"
-                       @"</connections></customView></objects></document>",
+                       @"</connections></customView>",
                        TypeParam::kPrefix];
-  NSString *file = this->path(@"xib");
-  ASSERT_TRUE([xml writeToFile:file atomically:NO encoding:NSUTF8StringEncoding error:NULL]);
   OvTestFieldNibOwner *owner = [[[OvTestFieldNibOwner alloc] init] autorelease];
-  ASSERT_TRUE(this->load(file, owner));
+  ASSERT_TRUE(loadXib(owner, @{@"control" : @"v1"}, objects));
   ASSERT_TRUE([owner->control isMemberOfClass:this->controlClass()]);
   EXPECT_EQ([owner->control delegate], owner);
   EXPECT_NE([owner->control textValidator], nil);
@@ -130,33 +106,13 @@ TYPED_TEST(ValidatedArchive, AnXMLFileMakesAndConnectsOne) {
 TYPED_TEST(ValidatedArchive, AnObjectArchiveFileMakesAndConnectsOne) {
   auto *made = this->newControl(NSMakeRect(0, 0, 120, 22));
   [made setStringValue:@"12"];
-  GSNibContainer *container = [[[GSNibContainer alloc] init] autorelease];
-  [[container nameTable] setObject:made forKey:@"Control"];
-  [[container topLevelObjects] addObject:made];
-  auto connect = [&](Class kind, NSString *source, NSString *label, NSString *destination) {
-    NSNibConnector *connector = [[[kind alloc] init] autorelease];
-    [connector setSource:source];
-    [connector setLabel:label];
-    [connector setDestination:destination];
-    [[container connections] addObject:connector];
-  };
-  connect([NSNibOutletConnector class], @"NSOwner", @"control", @"Control");
-  connect([NSNibOutletConnector class], @"Control", @"delegate", @"NSOwner");
-  connect([NSNibControlConnector class], @"Control", @"act:", @"NSOwner");
-  NSString *folder = this->path(@"gorm");
-  [[NSFileManager defaultManager] createDirectoryAtPath:folder
-                            withIntermediateDirectories:YES
-                                             attributes:nil
-                                                  error:NULL];
-  ASSERT_TRUE([NSArchiver
-      archiveRootObject:container
-                 toFile:[folder stringByAppendingPathComponent:@"objects.gorm"]]);
-  [@"{ }" writeToFile:[folder stringByAppendingPathComponent:@"data.classes"]
-           atomically:NO
-             encoding:NSUTF8StringEncoding
-                error:NULL];
+  GormFile file;
+  file.add(@"Control", made);
+  file.outlet(@"NSOwner", @"control", @"Control");
+  file.outlet(@"Control", @"delegate", @"NSOwner");
+  file.action(@"Control", @"act:", @"NSOwner");
   OvTestFieldNibOwner *owner = [[[OvTestFieldNibOwner alloc] init] autorelease];
-  ASSERT_TRUE(this->load(folder, owner));
+  ASSERT_TRUE(file.load(owner));
   auto *loaded = static_cast<typename TypeParam::Control *>(owner->control);
   ASSERT_TRUE([loaded isMemberOfClass:this->controlClass()]);
   EXPECT_NE(loaded, made);
