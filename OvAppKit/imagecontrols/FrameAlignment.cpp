@@ -51,9 +51,10 @@ Span alignSpan(Scalar start, Scalar length, const Span& outer, const AxisMap& ma
 
 }  // namespace
 
-bool isUpright(const Affine& m) {
-  return m.b == 0 && m.c == 0 && m.a != 0 && m.d != 0 && std::isfinite(m.a) && std::isfinite(m.d) &&
-         std::isfinite(m.tx) && std::isfinite(m.ty);
+bool isUpright(const Affine& toDevice) {
+  return toDevice.b == 0 && toDevice.c == 0 && toDevice.a != 0 && toDevice.d != 0 &&
+         std::isfinite(toDevice.a) && std::isfinite(toDevice.d) && std::isfinite(toDevice.tx) &&
+         std::isfinite(toDevice.ty);
 }
 
 FramePieces alignFrame(const FramePieces& pieces, const Rect& destination, const Affine& toDevice) {
@@ -80,13 +81,15 @@ FramePieces alignFrame(const FramePieces& pieces, const Rect& destination, const
   return aligned;
 }
 
-Rect pixelsOf(const FramePieces& pieces, const Affine& m) {
+Rect pixelsOf(const FramePieces& pieces, const Affine& toDevice) {
   Rect all;
   for (const FramePiece& piece : pieces) {
     const Rect& r = piece.rect;
     if (r.isEmpty()) continue;
-    const auto [x0, x1] = std::minmax({m.a * r.x + m.tx, m.a * r.maxX() + m.tx});
-    const auto [y0, y1] = std::minmax({m.d * r.y + m.ty, m.d * r.maxY() + m.ty});
+    const auto [x0, x1] =
+        std::minmax({toDevice.a * r.x + toDevice.tx, toDevice.a * r.maxX() + toDevice.tx});
+    const auto [y0, y1] =
+        std::minmax({toDevice.d * r.y + toDevice.ty, toDevice.d * r.maxY() + toDevice.ty});
     const Scalar left = std::floor(x0 + tolerance(x0));
     const Scalar bottom = std::floor(y0 + tolerance(y0));
     const Rect box{left, bottom, std::ceil(x1 - tolerance(x1)) - left,

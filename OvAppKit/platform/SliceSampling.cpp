@@ -68,31 +68,21 @@ Axis sample(const Span& destination, const Span& source, Scalar imageLength, Sca
 }  // namespace
 
 SliceSampling sampleSlice(const Rect& destination, const Rect& source, const ImageExtent& image,
-                          const Affine& m) {
-  const Scalar all[] = {m.a,
-                        m.d,
-                        m.tx,
-                        m.ty,
-                        destination.x,
-                        destination.y,
-                        destination.width,
-                        destination.height,
-                        source.x,
-                        source.y,
-                        source.width,
-                        source.height,
-                        image.points.width,
-                        image.points.height};
+                          const Affine& toDevice) {
+  const Scalar all[] = {
+      toDevice.a,    toDevice.d,        toDevice.tx,        toDevice.ty,        destination.x,
+      destination.y, destination.width, destination.height, source.x,           source.y,
+      source.width,  source.height,     image.points.width, image.points.height};
   const bool finite = std::ranges::all_of(all, [](Scalar v) { return std::isfinite(v); });
-  if (!finite || m.b != 0 || m.c != 0 || m.a == 0 || m.d == 0 || destination.isEmpty() ||
-      source.isEmpty() || !(image.points.width > 0) || !(image.points.height > 0) ||
-      !(image.pixels.width > 0) || !(image.pixels.height > 0)) {
+  if (!finite || toDevice.b != 0 || toDevice.c != 0 || toDevice.a == 0 || toDevice.d == 0 ||
+      destination.isEmpty() || source.isEmpty() || !(image.points.width > 0) ||
+      !(image.points.height > 0) || !(image.pixels.width > 0) || !(image.pixels.height > 0)) {
     return {destination, source, false};
   }
   const Axis x = sample({destination.x, destination.width}, {source.x, source.width},
-                        image.points.width, image.pixels.width, m.a, m.tx);
+                        image.points.width, image.pixels.width, toDevice.a, toDevice.tx);
   const Axis y = sample({destination.y, destination.height}, {source.y, source.height},
-                        image.points.height, image.pixels.height, m.d, m.ty);
+                        image.points.height, image.pixels.height, toDevice.d, toDevice.ty);
   return {{x.destination.start, y.destination.start, x.destination.length, y.destination.length},
           {x.source.start, y.source.start, x.source.length, y.source.length},
           x.clips || y.clips};
