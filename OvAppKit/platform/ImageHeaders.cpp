@@ -205,7 +205,7 @@ bool isSafeJPEG(Bytes bytes) {
   return sawFrame && sawScan && !reader.failed();
 }
 
-enum class Format { Other, TIFF, RelativeOfTIFF, PNG, GIF, JPEG };
+enum class Format { Other, TIFF, RelativeOfTIFF, PNG, GIF, JPEG, PostScript };
 
 Format formatOf(Bytes bytes) {
   using namespace std::string_view_literals;
@@ -218,12 +218,16 @@ Format formatOf(Bytes bytes) {
   }
   if (startsWith(bytes, "\x89PNG"sv)) return Format::PNG;
   if (startsWith(bytes, "GIF8"sv)) return Format::GIF;
+  if (startsWith(bytes, "%!PS"sv)) return Format::PostScript;
   return startsWith(bytes, "\xFF\xD8"sv) ? Format::JPEG : Format::Other;
 }
 
 }  // namespace
 
-bool isKnownImage(Bytes bytes) { return formatOf(bytes) != Format::Other; }
+bool isKnownImage(Bytes bytes) {
+  const Format format = formatOf(bytes);
+  return format != Format::Other && format != Format::PostScript;
+}
 
 bool isSafeImage(Bytes bytes) {
   switch (formatOf(bytes)) {
@@ -237,6 +241,10 @@ bool isSafeImage(Bytes bytes) {
       return isSafeGIF(bytes);
     case Format::JPEG:
       return isSafeJPEG(bytes);
+    case Format::PostScript:
+      // One that it cannot read, the platform asks for its size all the same: nil, that is, and on
+      // 32 bits it crashes.
+      return sizeof(void*) > 4;
     case Format::Other:
       return true;
   }

@@ -166,6 +166,15 @@ TEST_F(ScrollViewLifetime, TheDelegateMayGoInItsOwnCall) {
   }
 }
 
+TEST_F(ScrollViewLifetime, ScrollersAreWorkedWithoutADocument) {
+  HXScrollView *scroll = makeMortal();
+  [scroll setDocumentView:nil];
+  NSScroller *scroller = [scroll verticalScroller];
+  const NSRect bounds = [[scroll contentView] bounds];
+  for (int i = 0; i < 3; ++i) [scroller sendAction:[scroller action] to:[scroller target]];
+  EXPECT_EQ([[scroll contentView] bounds], bounds);
+}
+
 TEST_F(ScrollViewLifetime, TheDocumentMayGoWhileTheKnobIsDragged) {
   HXScrollView *scroll = makeMortal();
   delegate->onLine = [&](const std::string &line) {

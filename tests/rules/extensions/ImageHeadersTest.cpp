@@ -107,6 +107,13 @@ TEST(ImageHeaders, OtherFormatsAreNotLookedAt) {
   EXPECT_TRUE(isSafeImage(Bytes{'I', 'I'}));
 }
 
+// It crashes the platform there.
+TEST(ImageHeaders, PostScriptIsNotReadOn32Bits) {
+  const Bytes bytes{'%', '!', 'P', 'S', '-'};
+  EXPECT_EQ(isSafeImage(bytes), sizeof(void*) > 4);
+  EXPECT_FALSE(isKnownImage(bytes));
+}
+
 TEST(ImageHeaders, KnownFormatsAreKnownByTheirStart) {
   for (const Bytes& bytes : {tiff({}), tiff({}, true), png(0, 0), gif(0, 0, 0, 0, 0), jpeg(0, 0)}) {
     EXPECT_TRUE(isKnownImage(bytes));
