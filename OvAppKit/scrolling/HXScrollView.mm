@@ -161,6 +161,20 @@ ov::Retained<HXScroller *> makeReplacement(NSScroller *old, HXScrollView *view) 
   [self setHasHorizontalScroller:needed.horizontal];
 }
 
+// The platform draws a line along each scroller that the scroll view says it has, and asks none for
+// its frame where that has been taken out; on 32 bits such a message breaks the stack.
+- (void)drawRect:(NSRect)rect {
+  const BOOL hadHorizontal = _hasHorizScroller, hadVertical = _hasVertScroller;
+  @try {
+    _hasHorizScroller = hadHorizontal && _horizScroller != nil;
+    _hasVertScroller = hadVertical && _vertScroller != nil;
+    [super drawRect:rect];
+  } @finally {
+    _hasHorizScroller = hadHorizontal;
+    _hasVertScroller = hadVertical;
+  }
+}
+
 // MARK: Scrolling by hand
 
 - (BOOL)isHorizontalScrollerTraking {
