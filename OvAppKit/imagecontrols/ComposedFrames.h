@@ -37,7 +37,7 @@ struct FrameContent {
 
 using DrawPiece = std::function<void(const FramePiece &)>;
 
-// Draws a frame in pieces, placed, and aligned on the pixels of the focused view.
+// Draws a frame in pieces, placed, and aligned on the pixels of the focused view, if there is one.
 void drawPieces(const FrameContent &content, const DrawPiece &drawPiece);
 
 class ComposedFrames {

@@ -292,8 +292,12 @@ void ComposedFrames::keepToLimits() {
 }
 
 void drawPieces(const FrameContent &content, const DrawPiece &drawPiece) {
-  const Affine toDevice = deviceTransform([NSGraphicsContext currentContext]);
-  for (const FramePiece &piece : placedPieces(content, toDevice)) drawPiece(piece);
+  // Without a view there are no pixels that pieces could meet on.
+  const FramePieces pieces =
+      [NSView focusView] == nil
+          ? placeFrame(content.sizes, fromNS(content.rect))
+          : placedPieces(content, deviceTransform([NSGraphicsContext currentContext]));
+  for (const FramePiece &piece : pieces) drawPiece(piece);
 }
 
 }  // namespace ov

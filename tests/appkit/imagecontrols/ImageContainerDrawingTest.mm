@@ -487,4 +487,14 @@ TEST_F(ImageContainerDrawing, AnImageMayHaveAnotherSizeThanItsPixels) {
   }
 }
 
+TEST_F(ImageContainerDrawing, WithoutFocusPiecesAreAskedForAtFractionsOfAPoint) {
+  setFrame(0, false);
+  ASSERT_EQ([NSView focusView], nil);
+  [container drawImageInRect:NSMakeRect(10.25, 20.5, 30.5, 40.25) isFlipped:NO imageVariation:0];
+  ASSERT_EQ(container->pieces.size(), 9u);
+  EXPECT_EQ(container->pieces[0].second, NSMakeRect(10.25, 25.5, 3, 29.25));
+  EXPECT_EQ(container->pieces[1].second, NSMakeRect(36.75, 25.5, 4, 29.25));
+  EXPECT_EQ(container->pieces[8].second, NSMakeRect(13.25, 25.5, 23.5, 29.25));
+}
+
 }  // namespace
