@@ -141,10 +141,9 @@ using ov::ScrollerArt;
   const auto sizeOf = [&](ScrollerArt art) {
     return ov::fromNS([[self _ovContainerOf:art] imageSizeForKey:key]);
   };
-  const ov::KnobPieces pieces =
-      ov::placeKnobPieces(ov::fromNS([self rectForPart:NSScrollerKnob]),
-                          sizeOf(ScrollerArt::kKnobBody), sizeOf(ScrollerArt::kKnobCapMinEnd),
-                          sizeOf(ScrollerArt::kKnobCapMaxEnd), _scFlags.isHorizontal);
+  const ov::KnobPieces pieces = ov::placeKnobPieces(
+      ov::fromNS(knob), sizeOf(ScrollerArt::kKnobBody), sizeOf(ScrollerArt::kKnobCapMinEnd),
+      sizeOf(ScrollerArt::kKnobCapMaxEnd), _scFlags.isHorizontal);
   [self _ovDraw:ScrollerArt::kKnobBody inRect:pieces.body forKey:key];
   [self _ovDraw:ScrollerArt::kKnobCapMinEnd inRect:pieces.minCap forKey:key];
   [self _ovDraw:ScrollerArt::kKnobCapMaxEnd inRect:pieces.maxCap forKey:key];
